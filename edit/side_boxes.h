@@ -4,6 +4,7 @@
 
 #include "edit/edit_screen.h"
 #include "platform/keys.h"
+#include "platform/screen.h"
 
 /// What a side box is called when it gets the focus, with the word for a text box: "行番号ﾃｷｽﾄﾎﾞｯｸｽ" and its like.
 Text sideBoxLabel(PanelField field);

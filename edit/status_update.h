@@ -3,6 +3,7 @@
 // moves are spoken, for the box that really changes is what speaks.
 
 #include "edit/edit_screen.h"
+#include "platform/screen.h"
 #include "voice/cell_reading.h"
 
 /// Connects the change rules of txtREC and txtItemnum; called once, when the edit screen is made.
