@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -33,7 +34,9 @@ TEST(Entry, SetsTheStartValues) {
     const ZORMOD& zormod = world.zormod;
     EXPECT_EQ(zormod.speech.speechMark, u"。｡.");
     EXPECT_EQ(zormod.speech.userClipboard, u"mine");
-    EXPECT_EQ(zormod.file.programFolder, u"C:" + Text(u"\\tmp\\") + wide(world.folder.path().substr(5)) + u"\\");
+    Text folder = wide(world.folder.path());
+    std::replace(folder.begin(), folder.end(), u'/', u'\\');
+    EXPECT_EQ(zormod.file.programFolder, u"C:" + folder + u"\\");
     EXPECT_EQ(zormod.window.blankLine, Bytes(254, ' '));
     EXPECT_EQ(zormod.window.slashLine, Bytes(254, '/'));
     EXPECT_EQ(zormod.input.allItemsInput, 1);
