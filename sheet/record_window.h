@@ -21,9 +21,11 @@ void scrollWindowUp(ZORMOD& zormod);
 /// `rowWrite` set.
 void commitRecord(ZORMOD& zormod);
 
-/// Opens the table named by `fileName` and `fileDrive`, whose K file has been read: data file as file 1, item starts,
-/// first record, window filled. Rows past the end show slashes, row 1 of an empty file is blank.
-void openTableIntoWindow(ZORMOD& zormod);
+/// Opens the data file named by `fileName` and `fileDrive` as file 1, makes it if it doesn't exist, and claims it.
+void openDataFile(ZORMOD& zormod);
+/// Fills the window from the start of file 1, whose K file has been read: item starts, first record, window rows. Rows
+/// past the end show slashes, row 1 of an empty file is blank.
+void fillFirstWindow(ZORMOD& zormod);
 
 /// After a bulk operation: refills the window, empties `taskWord`, gives the selection up unless `mode` is 1, and shows
 /// the current cell and the title.

@@ -66,7 +66,8 @@ void TestWorld::openTable(const std::string& name) {
     zormod.file.fileDrive = drivePath.substr(0, 1);
     zormod.file.fileName = drivePath.substr(2);
     ASSERT_EQ(readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive), Text());
-    openTableIntoWindow(zormod);
+    openDataFile(zormod);
+    fillFirstWindow(zormod);
 }
 
 void TestWorld::table(const std::vector<Item>& items, const std::vector<std::vector<std::u16string_view>>& records) {
