@@ -61,6 +61,11 @@ TEST(FixNumber, ExpandsLargeNumbers) {
     EXPECT_EQ(fixNumber(1e300, 0, 2), u"%.") << "no digits stand behind the point of so long a text";
 }
 
+TEST(FixNumber, HasNoMoreDigitsThanATextOf255Characters) {
+    EXPECT_EQ(fixNumber(5, 1, 253), u"5." + Text(253, u'0'));
+    EXPECT_EQ(fixNumber(5, 1, 300), u"5." + Text(253, u'0'));
+}
+
 TEST(FixNumber, TakesTheShorterTextOfASingle) {
     EXPECT_EQ(fixNumber(3.84f, 2, 10), u" 3.8400000000");
     EXPECT_EQ(fixNumber(2.675f, 2, 2), u" 2.68");
