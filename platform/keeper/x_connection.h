@@ -59,6 +59,8 @@ public:
     XEvent nextEvent();
     /// Sends what is waiting to be sent.
     void flush() { xcb_flush(connection_); }
+    /// Sends what is waiting and returns when the server has carried everything out. False if the server is gone.
+    bool settle();
 
     /// The server's present time, as selections must be stamped with; nothing if the server is gone.
     std::optional<xcb_timestamp_t> serverTime();
