@@ -5,7 +5,9 @@
 
 namespace {
 
-template <class T> std::unique_ptr<T, FreeDeleter> owned(T *answer) { return std::unique_ptr<T, FreeDeleter>(answer); }
+template <class T> std::unique_ptr<T, FreeDeleter> owned(T *answer) {
+    return std::unique_ptr<T, FreeDeleter>(answer);
+}
 
 const xcb_screen_t *screenAt(xcb_connection_t *connection, int number) {
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -32,7 +34,9 @@ std::unique_ptr<XConnection> XConnection::open() {
     return x->isBroken() ? nullptr : std::move(x);
 }
 
-XConnection::~XConnection() { xcb_disconnect(connection_); }
+XConnection::~XConnection() {
+    xcb_disconnect(connection_);
+}
 
 void XConnection::makeWindow(const xcb_screen_t &screen) {
     window_ = xcb_generate_id(connection_);

@@ -85,7 +85,9 @@ private:
 };
 
 /// The event's kind, whether the server or another program sent it.
-inline int kindOf(const xcb_generic_event_t &event) { return event.response_type & 0x7f; }
+inline int kindOf(const xcb_generic_event_t &event) {
+    return event.response_type & 0x7f;
+}
 
 /// The event as what its kind says it is.
 template <class Event> const Event &as(const xcb_generic_event_t &event) {
