@@ -19,7 +19,15 @@ bool startsWithAny(const std::string& path, const Lines& prefixes) {
     return std::any_of(prefixes.begin(), prefixes.end(), [&](const auto& prefix) { return path.starts_with(prefix); });
 }
 
+/// Part of the rooms that know the toolkit.
 bool isForm(const std::string& path) { return path.find("/forms/") != std::string::npos; }
+
+/// The files of one certain form: those carry the form's name, helpers of forms have names in small letters.
+bool isOfOneForm(const std::string& path) {
+    const auto stem = std::filesystem::path(path).stem().string();
+    const bool hasCapital = std::any_of(stem.begin(), stem.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+    return isForm(path) && hasCapital && stem != "SpokenForm"; // the base of every form
+}
 
 bool isCore(const std::string& path) {
     return !isForm(path) && !path.starts_with("platform/qt/") && path.find('/') != std::string::npos;
@@ -126,7 +134,7 @@ void applyIncludeRules(const SourceFile& file, std::vector<Finding>& findings) {
         if (isCore(file.path) && (isForm(header) || header.starts_with("platform/qt/"))) {
             finding("core includes what is above it");
         }
-        if (isForm(file.path) && isForm(header) && !header.starts_with(stem)) {
+        if (isOfOneForm(file.path) && isOfOneForm(header) && !header.starts_with(stem)) {
             finding("a form includes another form");
         }
     }
