@@ -8,12 +8,13 @@ EventGuard::EventGuard(ZORMOD& zormod, std::function<void(int)> endMainLoop)
     : zormod_(zormod), endMainLoop_(std::move(endMainLoop)) {}
 
 bool EventGuard::run(const std::function<void()>& handler) {
-    if (isEndPending()) {
-        return false;
-    }
+    return !isEndPending() && catchFrom(handler);
+}
+
+bool EventGuard::catchFrom(const std::function<void()>& work) {
     const Position before = zormod_.position;
     try {
-        handler();
+        work();
         return true;
     } catch (const RuntimeFailure& failure) {
         recover(failure, before);

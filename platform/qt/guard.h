@@ -32,6 +32,8 @@ public:
     /// Runs a handler. True if it came to its end; false if it failed, or if an end is pending: then it isn't run.
     /// Never throws.
     bool run(const std::function<void()>& handler);
+    /// The same, but runs `work` also while an end is pending: events must still reach the toolkit then.
+    bool catchFrom(const std::function<void()>& work);
     /// `handler` inside run(), for signals and timers.
     std::function<void()> wrap(std::function<void()> handler);
 
