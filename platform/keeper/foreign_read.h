@@ -1,0 +1,56 @@
+#pragma once
+// One reading of a clipboard that another program owns, told event by event so that the keeper goes on serving others
+// meanwhile. Driven by the keeper's loop. It asks for the forms of text in order of worth; an owner that has none of
+// them gives an empty text. Late answers to an earlier reading are never taken for answers to the present one.
+
+#include "platform/keeper/outgoing_transfers.h"
+#include "platform/keeper/x_connection.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+/// Reads the text of a foreign owner; at most one reading at a time.
+class ForeignRead {
+public:
+    explicit ForeignRead(XConnection &x);
+
+    /// Asks the owner. A reading that is under way is given up first. It fails when `deadline` has come.
+    void start(TimePoint deadline);
+    /// Gives up the reading that is under way, if any.
+    void cancel();
+    /// Goes on with the reading, and lets the owners of readings given up come to their end.
+    void handle(const xcb_generic_event_t &event);
+
+    bool isUnderWay() const { return state_ != State::idle; }
+    TimePoint deadline() const { return deadline_; }
+    /// The UTF-8 text, once it is complete; handed out once.
+    std::optional<std::string> takeText();
+    /// True once if the reading ended without a text.
+    bool takeFailure();
+
+private:
+    enum class State { idle, asked, receiving };
+
+    void ask();
+    void askNextForm();
+    void received(const xcb_selection_notify_event_t &notice);
+    void receivePiece();
+    void finish();
+    void fail();
+    xcb_atom_t property() const { return properties_[current_]; }
+    bool isText(xcb_atom_t type) const;
+
+    XConnection &x_;
+    std::array<xcb_atom_t, 4> forms_;
+    std::array<xcb_atom_t, 32> properties_;
+    std::size_t current_ = 0; ///< index of the property in use; each question takes the next one
+    std::size_t form_ = 0;
+    State state_ = State::idle;
+    xcb_timestamp_t time_ = XCB_CURRENT_TIME;
+    TimePoint deadline_{};
+    std::string bytes_;
+    xcb_atom_t type_ = XCB_ATOM_NONE; ///< type of the pieces received so far
+    std::optional<std::string> text_;
+    bool failed_ = false;
+};
