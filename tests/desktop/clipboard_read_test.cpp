@@ -137,6 +137,8 @@ TEST_F(ClipboardRead, ALateAnswerOfTheOwnerIsNotTakenForTheAnswerToTheNextReadin
         held.push_back(request);
         if (held.size() == 2) {
             self.answer(held[0], "古い");
+            // The right answer comes only when the late one has been looked at.
+            EXPECT_TRUE(becomesTrue([&] { return !self.client().hasProperty(held[0].requestor, held[0].property); }));
             self.answer(held[1], "新しい");
         }
     });
