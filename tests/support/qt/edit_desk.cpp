@@ -11,11 +11,11 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &EditDeskParts::commands}), edit(zormod), box(edit),
+    : Desk({.screen = &link, .commands = &commands}), edit(zormod), box(edit),
       form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     connectPositionBoxes(edit);
-    bindCommands(EditDeskParts::commands, zormod, edit, box);
+    bindCommands(commands, zormod, edit, box);
     form.showReadingMode(zormod.speech.speechMode);
 }
 
