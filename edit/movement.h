@@ -1,6 +1,7 @@
 #pragma once
 // The four single steps of the current cell. At the end of a record a step goes on in the next one, and the file grows
-// simply by stepping past its end and typing.
+// simply by stepping past its end and typing. Without a table every step beeps and stays. A row that can't be written
+// is thrown before anything has moved or the input box has been emptied.
 
 #include "edit/edit_screen.h"
 
@@ -16,3 +17,14 @@ void prevRecord(EditScreen& edit);
 /// Writes the ID counter into item 0 of the current record's row: the trimmed number, left only if the item's
 /// alignment is exactly "L", right otherwise.
 void applyIdAuto(EditScreen& edit);
+
+/// True if the input box holds nothing but half-width blanks: what keys and menu entries take as empty. Enter alone
+/// takes blanks as data.
+bool boxIsEmpty(const EditScreen& edit);
+
+/// Puts what is typed into the current cell of the window, unless the box is empty; the box keeps its text. True if
+/// there was something to put.
+bool commitTypedText(EditScreen& edit);
+
+/// Beeps and gives true if no table is open.
+bool beepsWithoutTable(ZORMOD& zormod);

@@ -26,8 +26,12 @@ void appendUtf8(std::string &out, char32_t c) {
     put(0x80 | (c & 0x3F));
 }
 
-bool isHighSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool isLowSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
+bool isHighSurrogate(char32_t c) {
+    return c >= 0xD800 && c < 0xDC00;
+}
+bool isLowSurrogate(char32_t c) {
+    return c >= 0xDC00 && c < 0xE000;
+}
 
 // What a first byte allows for the second one decides overlong forms, surrogates and the end of Unicode all at once.
 struct Shape {

@@ -58,8 +58,7 @@ void ForeignRead::handle(const xcb_generic_event_t &event) {
     if (kindOf(event) == XCB_SELECTION_NOTIFY)
         return received(as<xcb_selection_notify_event_t>(event));
     const auto &change = as<xcb_property_notify_event_t>(event);
-    if (kindOf(event) != XCB_PROPERTY_NOTIFY || change.window != x_.window() ||
-        change.state != XCB_PROPERTY_NEW_VALUE)
+    if (kindOf(event) != XCB_PROPERTY_NOTIFY || change.window != x_.window() || change.state != XCB_PROPERTY_NEW_VALUE)
         return;
     if (state_ != State::idle && change.atom == property()) {
         if (state_ == State::receiving)
@@ -121,6 +120,10 @@ bool ForeignRead::isText(xcb_atom_t type) const {
     return type == x_.atoms().utf8String || type == x_.atoms().plainUtf8 || type == XCB_ATOM_STRING;
 }
 
-std::optional<std::string> ForeignRead::takeText() { return std::exchange(text_, std::nullopt); }
+std::optional<std::string> ForeignRead::takeText() {
+    return std::exchange(text_, std::nullopt);
+}
 
-bool ForeignRead::takeFailure() { return std::exchange(failed_, false); }
+bool ForeignRead::takeFailure() {
+    return std::exchange(failed_, false);
+}

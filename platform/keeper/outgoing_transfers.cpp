@@ -36,11 +36,8 @@ void OutgoingTransfers::handle(const xcb_generic_event_t &event, TimePoint now) 
     const auto &change = as<xcb_property_notify_event_t>(event);
     if (kindOf(event) != XCB_PROPERTY_NOTIFY || change.state != XCB_PROPERTY_DELETE)
         return;
-    drop(
-        [&](Transfer &t) {
-            return t.requestor == change.window && t.property == change.atom && !sendPiece(t, now);
-        },
-        true);
+    drop([&](Transfer &t) { return t.requestor == change.window && t.property == change.atom && !sendPiece(t, now); },
+         true);
 }
 
 /// Sends the next piece; false if that was the empty one which ends the transfer.

@@ -10,7 +10,9 @@ namespace {
 
 constexpr std::size_t mostWaiting = maxKeeperPayload + (1u << 20);
 
-bool isTemporary(int error) { return error == EAGAIN || error == EINTR; }
+bool isTemporary(int error) {
+    return error == EAGAIN || error == EINTR;
+}
 
 } // namespace
 
@@ -25,7 +27,9 @@ void ProgramLink::close() {
     descriptor_ = -1;
 }
 
-short ProgramLink::pollEvents() const { return static_cast<short>(waiting_.empty() ? POLLIN : POLLIN | POLLOUT); }
+short ProgramLink::pollEvents() const {
+    return static_cast<short>(waiting_.empty() ? POLLIN : POLLIN | POLLOUT);
+}
 
 void ProgramLink::receive() {
     std::array<char, 1u << 16> buffer;

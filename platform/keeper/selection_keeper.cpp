@@ -59,9 +59,9 @@ void SelectionKeeper::answer(const xcb_selection_request_event_t &request, TimeP
 bool SelectionKeeper::provide(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property, TimePoint now) {
     const Atoms &atoms = x_.atoms();
     if (target == atoms.targets) {
-        const std::array<std::uint32_t, 9> targets{atoms.targets,    atoms.timestamp, atoms.multiple,
+        const std::array<std::uint32_t, 9> targets{atoms.targets,     atoms.timestamp,  atoms.multiple,
                                                    atoms.saveTargets, atoms.utf8String, atoms.plainUtf8,
-                                                   atoms.plain,      XCB_ATOM_STRING, atoms.text};
+                                                   atoms.plain,       XCB_ATOM_STRING,  atoms.text};
         x_.setProperty(requestor, property, XCB_ATOM_ATOM, targets);
         return true;
     }

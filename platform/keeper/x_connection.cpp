@@ -5,7 +5,9 @@
 
 namespace {
 
-template <class T> std::unique_ptr<T, FreeDeleter> owned(T *answer) { return std::unique_ptr<T, FreeDeleter>(answer); }
+template <class T> std::unique_ptr<T, FreeDeleter> owned(T *answer) {
+    return std::unique_ptr<T, FreeDeleter>(answer);
+}
 
 const xcb_screen_t *screenAt(xcb_connection_t *connection, int number) {
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -32,7 +34,9 @@ std::unique_ptr<XConnection> XConnection::open() {
     return x->isBroken() ? nullptr : std::move(x);
 }
 
-XConnection::~XConnection() { xcb_disconnect(connection_); }
+XConnection::~XConnection() {
+    xcb_disconnect(connection_);
+}
 
 void XConnection::makeWindow(const xcb_screen_t &screen) {
     window_ = xcb_generate_id(connection_);
@@ -73,12 +77,16 @@ XEvent XConnection::nextEvent() {
     return event;
 }
 
+bool XConnection::settle() {
+    // Any request with an answer does; this is the smallest.
+    return owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr)) != nullptr;
+}
+
 std::optional<xcb_timestamp_t> XConnection::serverTime() {
     // Appending nothing to a property of ours is the way to be told the time; the round trip behind it makes sure
     // that the telling has arrived.
     xcb_change_property(connection_, XCB_PROP_MODE_APPEND, window_, atoms_.time, XCB_ATOM_INTEGER, 32, 0, nullptr);
-    const auto answer =
-        owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+    const bool lives = settle();
     std::optional<xcb_timestamp_t> time;
     while (XEvent event{xcb_poll_for_queued_event(connection_)}) {
         const auto &change = as<xcb_property_notify_event_t>(*event);
@@ -87,7 +95,7 @@ std::optional<xcb_timestamp_t> XConnection::serverTime() {
         else
             waiting_.push_back(std::move(event));
     }
-    return answer ? time : std::nullopt;
+    return lives ? time : std::nullopt;
 }
 
 std::optional<xcb_window_t> XConnection::selectionOwner(xcb_atom_t selection) {

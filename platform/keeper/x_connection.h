@@ -59,6 +59,8 @@ public:
     XEvent nextEvent();
     /// Sends what is waiting to be sent.
     void flush() { xcb_flush(connection_); }
+    /// Sends what is waiting and returns when the server has carried everything out. False if the server is gone.
+    bool settle();
 
     /// The server's present time, as selections must be stamped with; nothing if the server is gone.
     std::optional<xcb_timestamp_t> serverTime();
@@ -83,7 +85,9 @@ private:
 };
 
 /// The event's kind, whether the server or another program sent it.
-inline int kindOf(const xcb_generic_event_t &event) { return event.response_type & 0x7f; }
+inline int kindOf(const xcb_generic_event_t &event) {
+    return event.response_type & 0x7f;
+}
 
 /// The event as what its kind says it is.
 template <class Event> const Event &as(const xcb_generic_event_t &event) {

@@ -27,9 +27,13 @@ ClipboardText KeeperClipboard::read() {
     return {true, fromUtf8(answer->payload)};
 }
 
-bool KeeperClipboard::write(TextView text) { return carriedOut(KeeperMessageKind::write, toUtf8(text)); }
+bool KeeperClipboard::write(TextView text) {
+    return carriedOut(KeeperMessageKind::write, toUtf8(text));
+}
 
-bool KeeperClipboard::clear() { return carriedOut(KeeperMessageKind::clear, {}); }
+bool KeeperClipboard::clear() {
+    return carriedOut(KeeperMessageKind::clear, {});
+}
 
 bool KeeperClipboard::carriedOut(KeeperMessageKind kind, std::string payload) {
     const auto answer = link_.ask(kind, std::move(payload), steady_clock::now() + writePatience);

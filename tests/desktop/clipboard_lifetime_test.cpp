@@ -138,8 +138,8 @@ TEST(ClipboardLifetime, AClipboardManagerSavesTheTextAndTheKeeperEnds) {
     ForeignOwner manager("CLIPBOARD_MANAGER", [&](ForeignOwner &self, const xcb_selection_request_event_t &request) {
         if (request.target != self.client().atom("SAVE_TARGETS"))
             return self.refuse(request);
-        const auto cookie = xcb_get_property(self.client().raw(), 0, request.requestor, request.property,
-                                             XCB_ATOM_ATOM, 0, 64);
+        const auto cookie =
+            xcb_get_property(self.client().raw(), 0, request.requestor, request.property, XCB_ATOM_ATOM, 0, 64);
         xcb_get_property_reply_t *list = xcb_get_property_reply(self.client().raw(), cookie, nullptr);
         wanted = self.client().names({static_cast<const char *>(xcb_get_property_value(list)),
                                       static_cast<std::size_t>(xcb_get_property_value_length(list))});
@@ -160,10 +160,11 @@ TEST(ClipboardLifetime, AClipboardManagerThatCannotSaveLeavesTheTextWithTheKeepe
     bool asked = false;
     pid_t keeper = 0;
     {
-        ForeignOwner manager("CLIPBOARD_MANAGER", [&](ForeignOwner &self, const xcb_selection_request_event_t &request) {
-            asked = true;
-            self.refuse(request);
-        });
+        ForeignOwner manager("CLIPBOARD_MANAGER",
+                             [&](ForeignOwner &self, const xcb_selection_request_event_t &request) {
+                                 asked = true;
+                                 self.refuse(request);
+                             });
         keeper = keeperLeftBehind(u"残る");
         // Only what the keeper answers after the refusal shows that it has stayed.
         EXPECT_EQ(pasteElsewhere(), "残る");

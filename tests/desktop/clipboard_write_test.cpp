@@ -151,8 +151,8 @@ TEST_F(ClipboardWrite, TheFormsAreListedAndTheTimeIsReal) {
 TEST_F(ClipboardWrite, SeveralFormsAskedForAtOnceAreAllAnsweredAndTheUnknownOneIsCrossedOut) {
     ASSERT_TRUE(clipboard.write(u"二"));
     XClient other;
-    const std::uint32_t pairs[] = {other.atom("UTF8_STRING"), other.atom("FIRST"), other.atom("image/png"),
-                                   other.atom("SECOND"), other.atom("STRING"), other.atom("THIRD")};
+    const std::uint32_t pairs[] = {other.atom("UTF8_STRING"), other.atom("FIRST"),  other.atom("image/png"),
+                                   other.atom("SECOND"),      other.atom("STRING"), other.atom("THIRD")};
     xcb_change_property(other.raw(), XCB_PROP_MODE_REPLACE, other.window(), other.atom("PAIRS"),
                         other.atom("ATOM_PAIR"), 32, 6, pairs);
     other.ask("MULTIPLE", "PAIRS");

@@ -4,8 +4,8 @@
 
 namespace {
 
-const std::string twoMessages = framed({KeeperMessageKind::write, 7, 123456789, "文字"}) +
-                                framed({KeeperMessageKind::read, 8, -1, {}});
+const std::string twoMessages =
+    framed({KeeperMessageKind::write, 7, 123456789, "文字"}) + framed({KeeperMessageKind::read, 8, -1, {}});
 
 void expectBoth(KeeperMessageReader &reader) {
     const auto first = reader.next();

@@ -27,9 +27,13 @@ TEST(Utf8, ALoneSurrogateBecomesTheReplacementCharacter) {
 }
 
 TEST(Utf8, IllFormedBytesBecomeReplacementCharactersAndTheRestIsRead) {
-    EXPECT_EQ(fromUtf8("a\xFF" "b"), u"a\uFFFDb");
+    EXPECT_EQ(fromUtf8("a\xFF"
+                       "b"),
+              u"a\uFFFDb");
     EXPECT_EQ(fromUtf8("\x80"), u"\uFFFD");
-    EXPECT_EQ(fromUtf8("\xE6\xBC" "b"), u"\uFFFDb");
+    EXPECT_EQ(fromUtf8("\xE6\xBC"
+                       "b"),
+              u"\uFFFDb");
     EXPECT_EQ(fromUtf8("\xE6\xBC"), u"\uFFFD");
     EXPECT_EQ(fromUtf8("\xC0\xAF"), u"\uFFFD\uFFFD");
     EXPECT_EQ(fromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");

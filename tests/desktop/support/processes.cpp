@@ -53,6 +53,10 @@ bool inEndedProcess(const std::function<bool()> &story) {
     return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-bool copyElsewhere(const std::string &utf8) { return feed("xclip -i -selection clipboard", utf8); }
+bool copyElsewhere(const std::string &utf8) {
+    return feed("xclip -i -selection clipboard", utf8);
+}
 
-std::string pasteElsewhere() { return outputOf("xclip -o -selection clipboard"); }
+std::string pasteElsewhere() {
+    return outputOf("xclip -o -selection clipboard");
+}

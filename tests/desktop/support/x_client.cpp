@@ -9,7 +9,9 @@
 
 namespace {
 
-template <class T> std::unique_ptr<T, decltype(&std::free)> owned(T *answer) { return {answer, &std::free}; }
+template <class T> std::unique_ptr<T, decltype(&std::free)> owned(T *answer) {
+    return {answer, &std::free};
+}
 
 } // namespace
 
@@ -22,7 +24,9 @@ XClient::XClient() : connection_(xcb_connect(nullptr, nullptr)) {
     xcb_flush(connection_);
 }
 
-XClient::~XClient() { xcb_disconnect(connection_); }
+XClient::~XClient() {
+    xcb_disconnect(connection_);
+}
 
 xcb_atom_t XClient::atom(const std::string &name) const {
     const auto cookie = xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
@@ -33,7 +37,8 @@ std::string XClient::nameOf(xcb_atom_t atom) const {
     const auto answer = owned(xcb_get_atom_name_reply(connection_, xcb_get_atom_name(connection_, atom), nullptr));
     if (!answer)
         return {};
-    return {xcb_get_atom_name_name(answer.get()), static_cast<std::size_t>(xcb_get_atom_name_name_length(answer.get()))};
+    return {xcb_get_atom_name_name(answer.get()),
+            static_cast<std::size_t>(xcb_get_atom_name_name_length(answer.get()))};
 }
 
 xcb_window_t XClient::owner(const std::string &selection) const {
@@ -72,11 +77,17 @@ xcb_atom_t XClient::waitForNotice() {
 }
 
 XClient::Answer XClient::property(xcb_atom_t name, bool remove) const {
-    const auto cookie = xcb_get_property(connection_, remove ? 1 : 0, window_, name, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                         1u << 24);
+    const auto cookie =
+        xcb_get_property(connection_, remove ? 1 : 0, window_, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 1u << 24);
     const auto answer = owned(xcb_get_property_reply(connection_, cookie, nullptr));
     return {nameOf(answer->type), std::string(static_cast<const char *>(xcb_get_property_value(answer.get())),
                                               static_cast<std::size_t>(xcb_get_property_value_length(answer.get())))};
+}
+
+bool XClient::hasProperty(xcb_window_t window, xcb_atom_t name) const {
+    const auto cookie = xcb_get_property(connection_, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    const auto answer = owned(xcb_get_property_reply(connection_, cookie, nullptr));
+    return answer && answer->type != XCB_ATOM_NONE;
 }
 
 std::optional<XClient::Answer> XClient::take(xcb_atom_t name) {
@@ -148,7 +159,9 @@ void ForeignOwner::answer(const xcb_selection_request_event_t &request, const st
     notify(request, request.property);
 }
 
-void ForeignOwner::refuse(const xcb_selection_request_event_t &request) { notify(request, XCB_ATOM_NONE); }
+void ForeignOwner::refuse(const xcb_selection_request_event_t &request) {
+    notify(request, XCB_ATOM_NONE);
+}
 
 void ForeignOwner::notify(const xcb_selection_request_event_t &request, xcb_atom_t property) {
     std::array<char, 32> bytes{};
