@@ -24,14 +24,14 @@ std::string records(int count) {
 } // namespace
 
 TEST(RecordFile, CountsWholeRecordsOnly) {
-    const auto countOf = [](const std::string& bytes) {
+    const auto count = [](std::string_view bytes) {
         RecordFileWorld world(bytes);
         return recordCount(world.zormod);
     };
-    EXPECT_EQ(countOf(""), 0);
-    EXPECT_EQ(countOf(std::string(255, 'x')), 0);
-    EXPECT_EQ(countOf(std::string(300, 'x')), 1);
-    EXPECT_EQ(countOf(records(3)), 3);
+    EXPECT_EQ(count(""), 0);
+    EXPECT_EQ(count(std::string(255, 'x')), 0);
+    EXPECT_EQ(count(std::string(300, 'x')), 1);
+    EXPECT_EQ(count(records(3)), 3);
 }
 
 TEST(RecordFile, CountFollowsTheFileAndNeedsATable) {
