@@ -196,7 +196,7 @@ TEST(ReadingKeys, TheBoxTextIsReadWithTheBytesThatAreLeft) {
     world.people({{u"A1", u"山田", u"30"}}, 2);
     world.stand(1, 1);
     EXPECT_EQ(said(world, shiftKey(Key::pageDown)),
-              "ざん10バイトｲﾏ ﾆｭｳﾘｮｸﾎﾞｯｸｽﾆﾜ ｹﾞﾝｺｳｶﾞｱﾘﾏｾﾝ。CRﾀﾞｹｦﾀﾀｸﾄ ｷｿﾞﾝﾃﾞｰﾀﾜ ｶｷｶﾜﾗﾅｲﾃﾞ、ｼﾞｺｳﾓｸﾆ ｶｷｺﾐｺｳﾓｸｶﾞ ｲﾄﾞｳｼﾏｽ");
+              " ざん10バイトｲﾏ ﾆｭｳﾘｮｸﾎﾞｯｸｽﾆﾜ ｹﾞﾝｺｳｶﾞｱﾘﾏｾﾝ。CRﾀﾞｹｦﾀﾀｸﾄ ｷｿﾞﾝﾃﾞｰﾀﾜ ｶｷｶﾜﾗﾅｲﾃﾞ、ｼﾞｺｳﾓｸﾆ ｶｷｺﾐｺｳﾓｸｶﾞ ｲﾄﾞｳｼﾏｽ");
     world.type(u"ab");
     EXPECT_EQ(said(world, ctrlShiftKey(Key::s)), "ab ざん8バイト");
     EXPECT_EQ(said(world, shiftKey(Key::pageDown)), "ab ざん8バイト");

@@ -188,13 +188,13 @@ TEST(SideBoxes, EnterInTheMemoGivesTheInputBoxTheFocus) {
 TEST(SideBoxes, AMemoThatDiffersIsWritten) {
     EditWorld world;
     world.numbered(5);
-    const std::string before = world.bytesOf("Kt.txt");
+    const std::string before = world.bytesOf("kt.txt");
     ASSERT_NE(before, "");
     memoLeft(world.edit, u"memo");
-    EXPECT_EQ(world.bytesOf("Kt.txt"), before);
+    EXPECT_EQ(world.bytesOf("kt.txt"), before);
     memoLeft(world.edit, u"ABC");
     EXPECT_EQ(utf8(world.zormod.file.tableMemo), "ABC");
-    EXPECT_NE(world.bytesOf("Kt.txt").find("ABC"), std::string::npos);
+    EXPECT_NE(world.bytesOf("kt.txt").find("ABC"), std::string::npos);
     showCurrentCell(world.edit);
     EXPECT_EQ(utf8(world.edit.RichTextBox2), "ABC");
 }
