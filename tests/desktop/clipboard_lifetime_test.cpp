@@ -103,8 +103,8 @@ TEST(ClipboardLifetime, ALongTextOnItsWayIsDeliveredBeforeTheKeeperEnds) {
     xcb_atom_t property = XCB_ATOM_NONE;
     {
         KeeperClipboard clipboard(ROMIKA_KEEPER);
+        ASSERT_TRUE(becomesTrue([&] { return clipboard.write(Text(5u << 20, u'x')); }));
         keeper = clipboard.keeperProcess();
-        ASSERT_TRUE(clipboard.write(Text(5u << 20, u'x')));
         other.ask("UTF8_STRING");
         property = other.waitForNotice();
         ASSERT_TRUE(copyElsewhere("よその文"));
@@ -119,8 +119,8 @@ TEST(ClipboardLifetime, AProgramThatDiesInTheMiddleOfALongTextDoesNotHoldTheKeep
     pid_t keeper = 0;
     {
         KeeperClipboard clipboard(ROMIKA_KEEPER);
+        ASSERT_TRUE(becomesTrue([&] { return clipboard.write(Text(5u << 20, u'x')); }));
         keeper = clipboard.keeperProcess();
-        ASSERT_TRUE(clipboard.write(Text(5u << 20, u'x')));
         for (int i = 0; i < 100; ++i) {
             XClient dying;
             dying.ask("UTF8_STRING");
