@@ -1,0 +1,145 @@
+#include "platform/code_page.h"
+
+#include "platform/failure.h"
+
+#include <iconv.h>
+
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr char16_t carriedBase = 0xF700;
+
+/// Signs that other tables decode to a unit which the page lacks, with the unit that the page has in its place.
+constexpr std::array<std::pair<char16_t, char16_t>, 8> nearPartners{{
+    {0x301C, 0xFF5E}, // wave dash
+    {0x2212, 0xFF0D}, // minus
+    {0x2016, 0x2225}, // double vertical line
+    {0x00A2, 0xFFE0}, // cent
+    {0x00A3, 0xFFE1}, // pound
+    {0x00AC, 0xFFE2}, // not
+    {0x2014, 0x2015}, // em dash
+    {0x00A5, 0x005C}, // yen
+}};
+
+/// One direction of the system's converter, for single characters.
+class Converter {
+public:
+    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
+        if (handle_ == invalid()) {
+            throw FatalFailure{FailureKind::impossible};
+        }
+    }
+    ~Converter() { iconv_close(handle_); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    /// The two or fewer bytes that the character's bytes convert to, nothing if they are no character.
+    std::optional<Bytes> convert(Bytes character) {
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        std::array<char, 4> room{};
+        char* in = character.data();
+        char* out = room.data();
+        std::size_t inLeft = character.size();
+        std::size_t outLeft = room.size();
+        if (iconv(handle_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) || room.size() - outLeft > 2) {
+            return std::nullopt;
+        }
+        return Bytes(room.data(), room.size() - outLeft);
+    }
+
+private:
+    static iconv_t invalid() { return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1)); }
+    iconv_t handle_;
+};
+
+std::uint16_t bigEndian(const Bytes& bytes) {
+    std::uint16_t value = 0;
+    for (const char byte : bytes) {
+        value = static_cast<std::uint16_t>(value << 8 | static_cast<unsigned char>(byte));
+    }
+    return value;
+}
+
+Bytes pairOf(unsigned value) { return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)}; }
+
+} // namespace
+
+CodePage::CodePage() : singles_{}, pairs_(0x10000, u'\0'), codes_(0x10000, '?') {
+    Converter toText("UTF-16BE", "CP932");
+    Converter toBytes("CP932", "UTF-16BE");
+    // The converter's own way back knows look-alikes; asking it only for units that the page decodes keeps them out.
+    const auto assignCode = [&](char16_t unit, std::uint16_t code) {
+        if (codes_[unit] == '?') {
+            const auto canonical = toBytes.convert(pairOf(unit));
+            codes_[unit] = canonical ? bigEndian(*canonical) : code;
+        }
+    };
+    for (unsigned byte = 0; byte <= 0xFF; ++byte) {
+        const auto unit = toText.convert(Bytes(1, static_cast<char>(byte)));
+        const bool isCharacter = unit && unit->size() == 2 && !isLeadByte(static_cast<unsigned char>(byte));
+        singles_[byte] = isCharacter ? bigEndian(*unit) : static_cast<char16_t>(carriedBase + byte);
+        if (isCharacter) {
+            assignCode(singles_[byte], static_cast<std::uint16_t>(byte));
+        } else {
+            codes_[singles_[byte]] = static_cast<std::uint16_t>(byte);
+        }
+    }
+    for (unsigned code = 0x8100; code <= 0xFCFF; ++code) {
+        if (!isLeadByte(static_cast<unsigned char>(code >> 8))) {
+            continue;
+        }
+        if (const auto unit = toText.convert(pairOf(code)); unit && unit->size() == 2) {
+            pairs_[code] = bigEndian(*unit);
+            assignCode(pairs_[code], static_cast<std::uint16_t>(code));
+        }
+    }
+    for (const auto& [unit, partner] : nearPartners) {
+        if (codes_[unit] == '?') {
+            codes_[unit] = codes_[partner];
+        }
+    }
+}
+
+Text CodePage::decode(BytesView bytes) const {
+    Text text(bytes.size(), u'\0');
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto lead = static_cast<unsigned char>(bytes[i]);
+        char16_t unit = 0;
+        if (isLeadByte(lead) && i + 1 < bytes.size()) {
+            unit = pairs_[lead * 0x100u + static_cast<unsigned char>(bytes[i + 1])];
+        }
+        if (unit == 0) {
+            unit = singles_[lead];
+        } else {
+            ++i;
+        }
+        text[length++] = unit;
+    }
+    text.resize(length);
+    return text;
+}
+
+Bytes CodePage::encode(TextView text) const {
+    Bytes bytes(text.size() * 2, '\0');
+    std::size_t length = 0;
+    for (const char16_t unit : text) {
+        const std::uint16_t code = codes_[unit];
+        if (code > 0xFF) {
+            bytes[length++] = static_cast<char>(code >> 8);
+        }
+        bytes[length++] = static_cast<char>(code & 0xFF);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+std::size_t CodePage::byteLength(TextView text) const {
+    std::size_t length = 0;
+    for (const char16_t unit : text) {
+        length += static_cast<std::size_t>(bytesOf(unit));
+    }
+    return length;
+}

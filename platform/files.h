@@ -1,0 +1,62 @@
+#pragma once
+// The file system as the program sees it. Paths are what the shared state holds: a drive letter, a colon, backslashes
+// and names; only the implementation knows what they are on the system underneath. Every failure of a file operation
+// is thrown as RuntimeFailure{FailureKind::file}; nothing is half done silently.
+//
+// Names are looked up without regard to case when no entry matches exactly, so "K" and "k" in front of a name are one
+// file: readers and writers of item definition files spell the letter differently.
+
+#include "platform/text.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+/// A file open in random access, closed by its destructor. It stays bound to the file that was opened.
+class RandomFile {
+public:
+    virtual ~RandomFile() = default;
+    /// Length in bytes, asked afresh from the system at every call.
+    virtual std::int64_t length() = 0;
+    /// Reads up to `count` bytes from the 0-based byte `offset` into `into`. Returns how many came; fewer than asked
+    /// for only at the end of the file.
+    virtual std::size_t readAt(std::int64_t offset, char* into, std::size_t count) = 0;
+    /// Writes all of `bytes` at the 0-based byte `offset` and returns when they are safely on the disk. Fails if the
+    /// file is open for reading only, or if its path no longer names this very file; a write that fails while the file
+    /// grows gives the file its old length back.
+    virtual void writeDurably(std::int64_t offset, BytesView bytes) = 0;
+};
+
+/// The claim of this program on a table; other running copies can't open the table while it is held. Released by its
+/// destructor; the claim of a program that has died doesn't count.
+class TableLock {
+public:
+    virtual ~TableLock() = default;
+};
+
+/// Files, folders and drives.
+class Files {
+public:
+    virtual ~Files() = default;
+    /// The folder in which the program was started, in drive-letter form and without regard to a "\" at its end.
+    virtual Text currentFolder() = 0;
+    /// Turns the text of the command line into a path of the program: a path that begins with "/" becomes one on drive
+    /// C (and a "\" in it is part of a name), in any other text each "/" becomes "\".
+    virtual Text fromCommandLine(const Text& argument) = 0;
+    /// True if `path` names an existing file or folder.
+    virtual bool exists(const Text& path) = 0;
+    /// Opens a file for reading and writing in random access and makes it if it doesn't exist; one that may not be
+    /// written is opened for reading. A folder or a device is a failure.
+    virtual std::unique_ptr<RandomFile> openRandom(const Text& path) = 0;
+    /// All bytes of a file. A file of more than `limit` bytes is a failure.
+    virtual Bytes readWhole(const Text& path, std::size_t limit) = 0;
+    /// Makes `contents` the whole contents of the file, new or existing. Killed at any moment it leaves the old
+    /// contents or the new ones; it returns when the new ones are safely on the disk.
+    virtual void replaceWhole(const Text& path, BytesView contents) = 0;
+    /// Copies a file over another or to a new name. Killed at any moment it leaves the old contents or the new ones.
+    virtual void copy(const Text& from, const Text& to) = 0;
+    /// Claims the table at `path`. Null if another running copy holds it. A claim that this program already holds is
+    /// shared; a file that doesn't exist yet or can't be opened, or a file system without locks, gives a claim that
+    /// excludes nobody: the opening that follows tells why.
+    virtual std::unique_ptr<TableLock> lockTable(const Text& path) = 0;
+};

@@ -1,0 +1,82 @@
+#include "platform/qt/held_keys.h"
+
+#include "platform/qt/key_codes.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace {
+
+// A key whose release went to another program would count as held for ever. No keyboard pauses longer than this
+// between two repeats, so a press after a longer rest is a fresh one.
+constexpr quint64 longestRepeatPause = 1500;
+
+// The scan code names the physical key whatever Shift makes of it; events without one are told apart by their code.
+quint64 identity(const QKeyEvent& event) {
+    return event.nativeScanCode() != 0 ? event.nativeScanCode() : (quint64{1} << 32) + static_cast<quint64>(event.key());
+}
+
+} // namespace
+
+HeldKeys::HeldKeys() { QCoreApplication::instance()->installEventFilter(this); }
+
+void HeldKeys::muteHeld() {
+    for (auto& [id, held] : held_) {
+        held.mute = true;
+    }
+}
+
+KeyStroke HeldKeys::releaseStroke(const QKeyEvent& release) const {
+    return strokeOf(lastReleased_, release.modifiers());
+}
+
+bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        return pressed(static_cast<QKeyEvent&>(*event));
+    case QEvent::KeyRelease:
+        return released(static_cast<QKeyEvent&>(*event));
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+// One press passes here several times: as the question for shortcuts, at its window, at its widget and at the widgets
+// above. All of them carry the same time.
+bool HeldKeys::pressed(QKeyEvent& event) {
+    const quint64 now = event.timestamp();
+    const auto [place, fresh] = held_.try_emplace(identity(event), Held{strokeOf(event).key, now, false});
+    Held& held = place->second;
+    if (fresh) {
+        repeat_ = false;
+    } else if (held.lastPress != now) {
+        repeat_ = event.isAutoRepeat() || now - held.lastPress < longestRepeatPause;
+        if (!repeat_) {
+            held = {strokeOf(event).key, now, false};
+        }
+        held.lastPress = now;
+    }
+    if (held.mute) {
+        event.accept();
+    }
+    return held.mute;
+}
+
+bool HeldKeys::released(const QKeyEvent& event) {
+    if (event.isAutoRepeat()) {
+        return true;
+    }
+    const auto place = held_.find(identity(event));
+    if (place != held_.end()) {
+        lastReleased_ = place->second.key;
+    } else if (lastRelease_ != event.timestamp()) {
+        lastReleased_ = strokeOf(event).key;
+    }
+    lastRelease_ = event.timestamp();
+    const bool mute = place != held_.end() && place->second.mute;
+    if (place != held_.end()) {
+        held_.erase(place);
+    }
+    return mute;
+}

@@ -1,0 +1,43 @@
+#pragma once
+// The keys that are held down, for the whole program. It pairs each release with its press, tells a repeat from a
+// fresh press, and makes a key that opened or closed a modal form mute until it is let go: such a key must not answer
+// the question that it has just raised, nor speak in the form it returns to. There is one, made beside the
+// application; it watches every key event on its way and knows no form.
+
+#include "platform/keys.h"
+
+#include <QObject>
+
+#include <map>
+
+class QKeyEvent;
+
+/// The held keys, kept up to date by an event filter on the application.
+class HeldKeys : public QObject {
+public:
+    HeldKeys();
+
+    /// Makes every key that is held now mute: no repeat and no key up of it reaches anybody until it is let go.
+    void muteHeld();
+    /// True while the press that is being delivered repeats a held key.
+    bool isRepeat() const { return repeat_; }
+    /// The stroke of a release: the key as it was pressed, since Shift+2 may be let go as plain 2, with the modifiers
+    /// that are still held.
+    KeyStroke releaseStroke(const QKeyEvent& release) const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Held {
+        Key key;
+        quint64 lastPress; ///< milliseconds of the toolkit's event clock
+        bool mute;
+    };
+    bool pressed(QKeyEvent& event);
+    bool released(const QKeyEvent& event);
+
+    std::map<quint64, Held> held_;
+    Key lastReleased_ = Key::other;
+    quint64 lastRelease_ = 0;
+    bool repeat_ = false;
+};

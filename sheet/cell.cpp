@@ -1,0 +1,102 @@
+#include "sheet/cell.h"
+
+#include "platform/code_page.h"
+#include "platform/screen.h"
+#include "sheet/record_file.h"
+#include "sheet/record_window.h"
+
+#include <algorithm>
+
+namespace {
+
+std::size_t widthOf(const ZORMOD& zormod, std::int64_t item) {
+    const std::int16_t width = zormod.items.itemWidth[item];
+    if (width < 0) {
+        throw RuntimeFailure{FailureKind::subscript};
+    }
+    return static_cast<std::size_t>(width);
+}
+
+/// Bytes ahead of the item.
+std::size_t offsetOf(const ZORMOD& zormod, std::int64_t item) {
+    const std::int16_t start = zormod.items.itemStart[item];
+    if (start < 1) {
+        throw RuntimeFailure{FailureKind::subscript};
+    }
+    return static_cast<std::size_t>(start - 1);
+}
+
+/// The value as the bytes of a cell of `width` bytes, by the item's alignment. Only exactly "R" is right.
+Bytes alignedCell(const ZORMOD& zormod, const Text& value, std::int64_t item, std::size_t width) {
+    Bytes bytes = zormod.platform.codePage.encode(value);
+    if (zormod.items.itemAlign[item] == u"R") {
+        if (bytes.size() >= width) {
+            return bytes.substr(bytes.size() - width);
+        }
+        return Bytes(width - bytes.size(), ' ') + bytes;
+    }
+    bytes.resize(width, ' ');
+    return bytes;
+}
+
+} // namespace
+
+Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
+    const std::size_t offset = offsetOf(zormod, item);
+    const std::size_t width = widthOf(zormod, item);
+    if (offset >= rec.size()) {
+        return {};
+    }
+    return zormod.platform.codePage.decode(rec.substr(offset, width));
+}
+
+Text getCell(const ZORMOD& zormod, std::int64_t item) {
+    return cellOf(zormod, zormod.window.recordWindow[currentSlot(zormod)], item);
+}
+
+Text getScratchCell(const ZORMOD& zormod, std::int64_t item) {
+    return cellOf(zormod, zormod.window.recordWindow[1], item);
+}
+
+Text getRecordCell(ZORMOD& zormod, std::int32_t recordNo, std::int64_t item) {
+    readRecord(zormod, 1, recordNo, zormod.window.recordWindow[0]);
+    return cellOf(zormod, zormod.window.recordWindow[0], item);
+}
+
+void setSlotCell(ZORMOD& zormod, std::int64_t slot, const Text& value, std::int64_t item) {
+    const Bytes& row = zormod.window.recordWindow[slot];
+    const std::size_t offset = offsetOf(zormod, item);
+    Bytes changed = row.substr(0, std::min(offset, row.size()));
+    changed += alignedCell(zormod, value, item, widthOf(zormod, item));
+    // Behind the last item nothing is carried over, its line end included: the ending comes back when the record is
+    // written, and whatever stood behind the items is blank from then on.
+    if (item != zormod.items.itemCount) {
+        const std::size_t next = offsetOf(zormod, item + 1);
+        if (next < row.size()) {
+            changed += row.substr(next);
+        }
+    }
+    // The row is decoded and encoded again as a whole: where a cut left half a character, it becomes one with the byte
+    // that follows it if the two form a character, and duplicates in the code page become the canonical code.
+    const CodePage& codePage = zormod.platform.codePage;
+    storeSlot(zormod, slot, codePage.encode(codePage.decode(changed)));
+}
+
+void setScratchCell(ZORMOD& zormod, const Text& value, std::int64_t item) {
+    setSlotCell(zormod, 1, value, item);
+}
+
+void setScratch0Cell(ZORMOD& zormod, const Text& value, std::int64_t item) {
+    setSlotCell(zormod, 0, value, item);
+}
+
+void commitCell(ZORMOD& zormod, const Text& boxText) {
+    setSlotCell(zormod, currentSlot(zormod), boxText, zormod.position.curItem);
+    zormod.platform.screen.redrawCurrentRow();
+}
+
+Text shownCell(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
+    Text cell = cellOf(zormod, rec, item);
+    const bool onlySlashes = !cell.empty() && cell.find_first_not_of(u'/') == Text::npos;
+    return onlySlashes ? Text(cell.size(), u' ') : cell;
+}

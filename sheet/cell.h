@@ -1,0 +1,27 @@
+#pragma once
+// Cells: how a value is cut out of a record and put into one. Cuts are byte cuts and don't look at characters: half a
+// double-byte character at an edge meets whatever byte follows it, and the neighbour may change by that.
+
+#include "sheet/zormod.h"
+
+/// Text of an item in a record given as bytes, decoded, blanks kept. An item outside the table or of negative width is
+/// a subscript failure.
+Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item);
+/// Text of an item of the current record, from the window.
+Text getCell(const ZORMOD& zormod, std::int64_t item);
+/// The same from slot 1.
+Text getScratchCell(const ZORMOD& zormod, std::int64_t item);
+/// Reads record `recordNo` of file 1 into slot 0 and gives the text of the item.
+Text getRecordCell(ZORMOD& zormod, std::int32_t recordNo, std::int64_t item);
+
+/// Puts `value` into an item of the record in slot 1 or 0 by the item's alignment: "R" fills up with blanks in front
+/// and drops first bytes of a value that is too long, anything else fills up behind and drops the last.
+void setScratchCell(ZORMOD& zormod, const Text& value, std::int64_t item);
+void setScratch0Cell(ZORMOD& zormod, const Text& value, std::int64_t item);
+/// The same for any slot; the writer of cells of the current row.
+void setSlotCell(ZORMOD& zormod, std::int64_t slot, const Text& value, std::int64_t item);
+/// Puts `boxText` into the current cell of the window and redraws its row. The file is not touched.
+void commitCell(ZORMOD& zormod, const Text& boxText);
+
+/// The cell text as views show it: a cell of "/" characters only shows as blanks.
+Text shownCell(const ZORMOD& zormod, BytesView rec, std::int64_t item);

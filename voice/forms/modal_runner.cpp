@@ -1,0 +1,57 @@
+#include "voice/forms/modal_runner.h"
+
+#include "platform/qt/guard.h"
+#include "platform/qt/held_keys.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QEventLoop>
+#include <QPointer>
+
+namespace {
+
+/// Gives the focus back at its end, by whatever way the loop was left.
+class FocusKeeper {
+public:
+    explicit FocusKeeper(QDialog& form)
+        : form_(&form), window_(QApplication::activeWindow()), focused_(QApplication::focusWidget()) {}
+    ~FocusKeeper() {
+        if (form_) {
+            form_->hide();
+        }
+        // Not every window manager, and no bare X server, hands the activation back by itself.
+        if (window_) {
+            window_->activateWindow();
+        }
+        // The reason says that nobody moved, so no control announces itself.
+        if (focused_) {
+            focused_->setFocus(Qt::ActiveWindowFocusReason);
+        }
+    }
+    FocusKeeper(const FocusKeeper&) = delete;
+    FocusKeeper& operator=(const FocusKeeper&) = delete;
+
+private:
+    QPointer<QDialog> form_;
+    QPointer<QWidget> window_;
+    QPointer<QWidget> focused_;
+};
+
+} // namespace
+
+int ModalRunner::run(QDialog& form) {
+    heldKeys_.muteHeld();
+    const QPointer<QDialog> alive(&form);
+    const FocusKeeper keeper(form);
+    QEventLoop loop;
+    QObject::connect(&form, &QDialog::finished, &loop, [&] {
+        heldKeys_.muteHeld();
+        loop.quit();
+    });
+    form.setWindowModality(Qt::ApplicationModal);
+    form.setResult(QDialog::Rejected);
+    form.show();
+    form.activateWindow();
+    guard_.runLoop(loop);
+    return alive ? form.result() : QDialog::Rejected;
+}

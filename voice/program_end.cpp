@@ -1,0 +1,20 @@
+#include "voice/program_end.h"
+
+#include "sheet/record_file.h"
+#include "voice/reading_mode.h"
+#include "voice/speech_channel.h"
+
+void orderlyEnd(ZORMOD& zormod) {
+    if (zormod.speech.speechMode != 0) {
+        waitSeconds(zormod, zormod.speech.inhibitSeconds);
+        sayFarewell(zormod);
+    }
+    closeAllFiles(zormod);
+    writeZorTalk(zormod);
+    throw ProgramEnd{EndKind::orderly};
+}
+
+void endAtOnce(ZORMOD& zormod) {
+    closeAllFiles(zormod);
+    throw ProgramEnd{EndKind::atOnce};
+}
