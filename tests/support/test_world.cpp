@@ -24,9 +24,11 @@ TemporaryFolder::~TemporaryFolder() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-TestWorld::TestWorld()
+TestWorld::TestWorld(const RealParts& parts)
     : files(defaultDrives(), folder.path()),
-      zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands}) {
+      zormod(Platform{clipboard, clock, beeper, files, codePage, parts.dialogs != nullptr ? *parts.dialogs : dialogs,
+                      parts.screen != nullptr ? *parts.screen : screen,
+                      parts.commands != nullptr ? *parts.commands : commands}) {
     zormod.file.programFolder = files.currentFolder() + u"\\";
 }
 

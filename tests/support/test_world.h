@@ -25,9 +25,17 @@ private:
     std::string path_;
 };
 
+/// Real parts that take the place of doubles; what is null stays a double. A part may still be unfinished: nothing of it
+/// is used while the world is made.
+struct RealParts {
+    Dialogs* dialogs = nullptr;
+    Screen* screen = nullptr;
+    Commands* commands = nullptr;
+};
+
 /// Doubles, real files in `folder` (the program folder too), and the shared state in its start-up values.
 struct TestWorld {
-    TestWorld();
+    explicit TestWorld(const RealParts& parts = {});
 
     /// One item of a table to make.
     struct Item {

@@ -1,0 +1,107 @@
+#include "support/qt/desk.h"
+
+#include "platform/qt/qt_text.h"
+#include "platform/qt/romika_application.h"
+
+#include <QDialog>
+#include <QTimer>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int turnsUntilSettled = 12;
+constexpr int turnsUntilStuck = 3000;
+
+RomikaApplication& application() { return *static_cast<RomikaApplication*>(QCoreApplication::instance()); }
+
+RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
+    parts.dialogs = &dialogs;
+    return parts;
+}
+
+} // namespace
+
+Desk::Desk(const RealParts& parts)
+    : world(withDialogs(parts, dialogs)), zormod(world.zormod),
+      guard(zormod, [this](int status) { endStatus = status; }), modals(guard, heldKeys),
+      context{zormod, guard, heldKeys, modals} {
+    dialogs.setContext(context);
+    application().setGuard(&guard);
+    watchSoon();
+}
+
+Desk::~Desk() {
+    application().setGuard(nullptr);
+    EXPECT_TRUE(scripts_.empty()) << scripts_.size() << " forms were expected and never came up";
+}
+
+void Desk::open(QWidget& form) {
+    form.show();
+    form.activateWindow();
+    for (int i = 0; i < turnsUntilStuck && QApplication::activeWindow() != &form; ++i) {
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(QApplication::activeWindow(), &form) << "the window did not come up";
+    settle();
+}
+
+void Desk::settle() {
+    keys.catchUp();
+    for (int i = 0; i < turnsUntilSettled; ++i) {
+        QCoreApplication::processEvents();
+    }
+}
+
+void Desk::inNextModal(const KeyStroke& stroke) {
+    inNextModal([this, stroke] { keys.press(stroke); });
+}
+
+std::string Desk::focus() const {
+    const QWidget* focused = QApplication::focusWidget();
+    return focused != nullptr ? focused->objectName().toStdString() : std::string();
+}
+
+std::string Desk::title() const {
+    const QWidget* window = QApplication::activeWindow();
+    return window != nullptr ? window->windowTitle().toStdString() : std::string();
+}
+
+QWidget* Desk::control(QAnyStringView name) const {
+    QWidget* window = QApplication::activeWindow();
+    QWidget* found = window != nullptr ? window->findChild<QWidget*>(name.toString()) : nullptr;
+    EXPECT_NE(found, nullptr) << "no control " << name.toString().toStdString();
+    return found;
+}
+
+// A timer of its own for each turn: one that repeats would rest while a form opened from it is up.
+void Desk::watchSoon() {
+    QTimer::singleShot(0, &anchor_, [this] { watch(); });
+}
+
+void Desk::watch() {
+    watchSoon();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr) {
+        patience_ = 0;
+        return;
+    }
+    ++patience_;
+    const bool isServed = served_.contains(modal);
+    const bool isReady = QApplication::activeWindow() == modal && patience_ >= turnsUntilSettled;
+    const bool isStuck = patience_ > turnsUntilStuck;
+    if (isReady && !isServed && !scripts_.empty()) {
+        served_.append(modal);
+        patience_ = 0;
+        const auto script = scripts_.front();
+        scripts_.pop_front();
+        script();
+        patience_ = 0;
+    } else if ((isReady && !isServed) || isStuck) {
+        ADD_FAILURE() << (isServed ? "a form was left open: " : "a form came up that nobody expected: ")
+                      << modal->windowTitle().toStdString();
+        patience_ = 0;
+        static_cast<QDialog*>(modal)->reject();
+    }
+}
