@@ -1,6 +1,6 @@
 #pragma once
-// What the writers of platform/posix need to know about the folder that holds a file. Native paths throughout. A failure
-// is thrown as RuntimeFailure of kind file.
+// What the writers of platform/posix need to know about the folder that holds a file. Native paths throughout. A
+// failure is thrown as RuntimeFailure of kind file. Nothing here changes a file or a folder.
 
 #include "platform/posix/descriptor.h"
 
