@@ -41,7 +41,7 @@ public:
     /// The folder in which the program was started, in drive-letter form and without regard to a "\" at its end.
     virtual Text currentFolder() = 0;
     /// Turns the text of the command line into a path of the program: a path that begins with "/" becomes one on drive
-    /// C, in any other text each "/" becomes "\".
+    /// C (and a "\" in it is part of a name), in any other text each "/" becomes "\".
     virtual Text fromCommandLine(const Text& argument) = 0;
     /// True if `path` names an existing file or folder.
     virtual bool exists(const Text& path) = 0;
@@ -53,9 +53,10 @@ public:
     /// Makes `contents` the whole contents of the file, new or existing. Killed at any moment it leaves the old
     /// contents or the new ones; it returns when the new ones are safely on the disk.
     virtual void replaceWhole(const Text& path, BytesView contents) = 0;
-    /// Copies a file over another or to a new name.
+    /// Copies a file over another or to a new name. Killed at any moment it leaves the old contents or the new ones.
     virtual void copy(const Text& from, const Text& to) = 0;
     /// Claims the table at `path`. Null if another running copy holds it. A claim that this program already holds is
-    /// shared; a file that doesn't exist yet, or a file system without locks, gives a claim that excludes nobody.
+    /// shared; a file that doesn't exist yet or can't be opened, or a file system without locks, gives a claim that
+    /// excludes nobody: the opening that follows tells why.
     virtual std::unique_ptr<TableLock> lockTable(const Text& path) = 0;
 };

@@ -36,6 +36,6 @@ Text boxTextReading(const ZORMOD& zormod, const Text& boxText, int selectionStar
 Text storedDataReading(const ZORMOD& zormod);
 Text itemFactsReading(const ZORMOD& zormod, const PanelReadings& panel);
 Text rowNumberReading(const ZORMOD& zormod);
-Text fileFactsReading(const ZORMOD& zormod, const PanelReadings& panel);
+Text fileFactsReading(ZORMOD& zormod, const PanelReadings& panel);
 Text stateFactsReading(const PanelReadings& panel);
 Text pinnedItemReading(const ZORMOD& zormod);

@@ -15,7 +15,9 @@ void mnuJY(ZORMOD& zormod);
 /// `mnuINH`: asks for the inhibit time; 0.1 to 1 second.
 void mnuINH(ZORMOD& zormod);
 
-/// Reads `speechMode` from "zorTalk" in `programFolder`. A file that can't be read gives 2: a first run speaks.
+/// Reads `speechMode` from "zorTalk" in `programFolder`: the number in its first line, by the rules of Val. A file that
+/// can't be read, or that is empty, gives 2: a first run speaks. A number other than 0, 1 and 2 means that speech is on
+/// and gives 2 as well.
 void readZorTalk(ZORMOD& zormod);
 /// Writes `speechMode` to "zorTalk". Throws RuntimeFailure if that fails.
 void writeZorTalk(ZORMOD& zormod);

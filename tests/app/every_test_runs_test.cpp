@@ -24,18 +24,20 @@ std::string contentsOf(const std::filesystem::path& path) {
     return contents.str();
 }
 
-/// Every *_test.cpp below tests/, as paths below tests/.
-Paths testFilesOnDisk() {
+/// Every file below tests/ whose name ends in `ending`, as paths below tests/.
+Paths filesOnDisk(const std::string& ending) {
     const std::filesystem::path folder = ROMIKA_SOURCE_DIR "/tests";
     Paths found;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         const auto path = entry.path().lexically_relative(folder).generic_string();
-        if (path.ends_with("_test.cpp")) {
+        if (path.ends_with(ending)) {
             found.insert(path);
         }
     }
     return found;
 }
+
+Paths testFilesOnDisk() { return filesOnDisk("_test.cpp"); }
 
 Paths testFilesOfProgram(const std::string& program) {
     Paths files;
@@ -74,7 +76,7 @@ Paths withoutTest(const Paths& files, const Paths& registered) {
     return silent;
 }
 
-/// True if a list of ctest starts the program.
+/// True if a list of ctest starts the program or script.
 bool isStarted(const std::string& ctestList, const std::string& program) {
     return ctestList.find("/" + program + "\"") != std::string::npos;
 }
@@ -104,6 +106,13 @@ TEST(EveryTestRuns, EachProgramWithTestsIsStartedByCtest) {
     const auto lists = ctestLists();
     for (const auto& file : builtTestFiles) {
         EXPECT_TRUE(isStarted(lists, file.program)) << file.program << " is built and never run";
+    }
+}
+
+TEST(EveryTestRuns, EachScriptedStoryIsStartedByCtest) {
+    const auto lists = ctestLists();
+    for (const auto& story : filesOnDisk("_story.py")) {
+        EXPECT_TRUE(isStarted(lists, story)) << story << " is written and never run";
     }
 }
 

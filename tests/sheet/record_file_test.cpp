@@ -24,10 +24,14 @@ std::string records(int count) {
 } // namespace
 
 TEST(RecordFile, CountsWholeRecordsOnly) {
-    EXPECT_EQ(recordCount(RecordFileWorld("").zormod), 0);
-    EXPECT_EQ(recordCount(RecordFileWorld(std::string(255, 'x')).zormod), 0);
-    EXPECT_EQ(recordCount(RecordFileWorld(std::string(300, 'x')).zormod), 1);
-    EXPECT_EQ(recordCount(RecordFileWorld(records(3)).zormod), 3);
+    const auto countOf = [](const std::string& bytes) {
+        RecordFileWorld world(bytes);
+        return recordCount(world.zormod);
+    };
+    EXPECT_EQ(countOf(""), 0);
+    EXPECT_EQ(countOf(std::string(255, 'x')), 0);
+    EXPECT_EQ(countOf(std::string(300, 'x')), 1);
+    EXPECT_EQ(countOf(records(3)), 3);
 }
 
 TEST(RecordFile, CountFollowsTheFileAndNeedsATable) {

@@ -84,6 +84,12 @@ XClient::Answer XClient::property(xcb_atom_t name, bool remove) const {
                                               static_cast<std::size_t>(xcb_get_property_value_length(answer.get())))};
 }
 
+bool XClient::hasProperty(xcb_window_t window, xcb_atom_t name) const {
+    const auto cookie = xcb_get_property(connection_, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    const auto answer = owned(xcb_get_property_reply(connection_, cookie, nullptr));
+    return answer && answer->type != XCB_ATOM_NONE;
+}
+
 std::optional<XClient::Answer> XClient::take(xcb_atom_t name) {
     Answer answer = property(name, true);
     if (answer.type != "INCR")

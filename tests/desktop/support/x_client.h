@@ -49,6 +49,8 @@ public:
     std::vector<std::string> names(const std::string &bytes) const;
     /// The property of our window as it stands; it stays there.
     Answer property(xcb_atom_t name, bool remove = false) const;
+    /// True if a window, of whatever program, has the property.
+    bool hasProperty(xcb_window_t window, xcb_atom_t name) const;
 
 private:
     xcb_connection_t *connection_;

@@ -1,0 +1,49 @@
+#include "app/commands.h"
+
+#include "edit/jumps.h"
+#include "platform/beeper.h"
+#include "voice/announcement.h"
+#include "voice/program_end.h"
+#include "voice/reading_mode.h"
+
+void CommandTable::bind(TextView name, std::function<void()> routine) {
+    routines_.insert_or_assign(Text(name), std::move(routine));
+}
+
+void CommandTable::run(TextView name) {
+    const auto found = routines_.find(name);
+    const std::function<void()> routine = found == routines_.end() ? unbound_ : found->second;
+    if (routine) {
+        routine();
+    }
+}
+
+void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box) {
+    commands.onUnbound([&zormod] {
+        zormod.platform.beeper.beep();
+        talkS(zormod, u"まだ使えません");
+    });
+    const auto bindJump = [&](TextView name, void (*jump)(EditScreen&)) {
+        commands.bind(name, [&edit, jump] { jump(edit); });
+    };
+    bindJump(u"mnuJUMP", mnuJUMP);
+    bindJump(u"mnuHJ", mnuHJ);
+    bindJump(u"mnuEXTD", mnuEXTD);
+    bindJump(u"mnuEXTTOP", mnuEXTTOP);
+    bindJump(u"mnuEXTR", mnuEXTR);
+    bindJump(u"mnuEXTL", mnuEXTL);
+    bindJump(u"mnuHOME", mnuHOME);
+    bindJump(u"mnuCTRLP", mnuCTRLP);
+    commands.bind(u"mnuCTRLD", [&box] { box.mnuCTRLD(); });
+    commands.bind(u"mnuCTRLU", [&box] { box.mnuCTRLU(); });
+
+    const auto bindReading = [&](TextView name, void (*routine)(ZORMOD&)) {
+        commands.bind(name, [&zormod, routine] { routine(zormod); });
+    };
+    bindReading(u"mnuDTKN", mnuDTKN);
+    bindReading(u"mnuDTKEX", mnuDTKEX);
+    bindReading(u"mnuDTKOFF", mnuDTKOFF);
+    bindReading(u"mnuJY", mnuJY);
+    bindReading(u"mnuINH", mnuINH);
+    commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+}

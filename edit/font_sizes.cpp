@@ -1,0 +1,24 @@
+#include "edit/font_sizes.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr std::array sizes{8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 48, 72};
+constexpr int lastReached = 48;
+} // namespace
+
+std::optional<int> largerFontSize(int size) {
+    if (size >= lastReached) {
+        return std::nullopt;
+    }
+    return *std::upper_bound(sizes.begin(), sizes.end(), size);
+}
+
+std::optional<int> smallerFontSize(int size) {
+    const auto next = std::lower_bound(sizes.begin(), sizes.end(), size);
+    if (next == sizes.begin()) {
+        return std::nullopt;
+    }
+    return *std::prev(next);
+}

@@ -1,0 +1,82 @@
+#include "edit/forms/frmGrid.h"
+
+#include "edit/font_sizes.h"
+#include "edit/forms/grid_rows.h"
+#include "edit/forms/sheet_font.h"
+#include "edit/forms/view_table.h"
+#include "edit/sheet_rows.h"
+#include "platform/qt/guard.h"
+#include "platform/qt/qt_text.h"
+#include "sheet/record_file.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+FormVoice viewVoice() {
+    return {.description = [] { return Text(u"記録を　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。"); }};
+}
+
+} // namespace
+
+frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
+    : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
+      rows_(new GridRows(context.zormod, this)) {
+    Label1->setObjectName(QStringLiteral("Label1"));
+    addButton(QStringLiteral("Command1"), u"表示切り替え", [this] { actions_.switchView(0); });
+    bar_->addWidget(Label1);
+    Grid1 = makeViewTable(rows_, this);
+    addFocusable(*Grid1, Grid1->objectName(), u"表形式表示");
+    connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        context_.guard.run([&] {
+            actions_.pick(recordOfRow(context_.zormod, index.row() + 1),
+                          static_cast<std::int16_t>(std::max(0, index.column() - 1)));
+        });
+    });
+    body_->addWidget(Grid1, 1);
+}
+
+int frmGrid::rebuilds() const {
+    return rows_->rebuilds();
+}
+
+void frmGrid::fitColumns() {
+    const int unit = sheetFont(fontPixels(firstFontSize)).unit;
+    constexpr int numberColumns = 8;
+    constexpr int gap = 4; // bytes that a column is wider than its item
+    Grid1->setColumnWidth(0, numberColumns * unit);
+    int column = 0;
+    for (const std::int16_t width : rows_->shape().widths) {
+        Grid1->setColumnWidth(++column, (width + gap) * unit);
+    }
+}
+
+void frmGrid::redraw() {
+    ZORMOD& zormod = context_.zormod;
+    if (rows_->takeShape(gridShape(zormod, hasTable(zormod) ? recordCount(zormod) : 0))) {
+        fitColumns();
+    } else {
+        rows_->refresh();
+    }
+    showCurrent();
+}
+
+void frmGrid::redrawCurrentRow() {
+    rows_->refreshRow(currentRow(context_.zormod));
+    showCurrent();
+}
+
+void frmGrid::showCurrent() {
+    const ZORMOD& zormod = context_.zormod;
+    const int row = currentRow(zormod);
+    Label1->setText(toQt(viewCell(zormod, row, zormod.position.curItem)));
+    if (row != 0) {
+        markCell(*Grid1, row - 1, zormod.position.curItem + 1);
+    }
+}
+
+void frmGrid::showEvent(QShowEvent* event) {
+    View::showEvent(event);
+    context_.guard.run([this] { redraw(); });
+}

@@ -1,0 +1,31 @@
+#pragma once
+// The grid view: the window as a table of cells. A range is shown by the grid's own selection. Form1 owns it.
+
+#include "edit/forms/view.h"
+
+class GridRows;
+class QLabel;
+class QTableView;
+
+/// The grid view.
+class frmGrid : public View {
+    Q_OBJECT
+public:
+    frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent);
+
+    void redraw() override;
+    void redrawCurrentRow() override;
+    /// How often the columns have been laid anew: not at a mere move.
+    int rebuilds() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void fitColumns();
+    void showCurrent();
+
+    QLabel* Label1; ///< data of the current cell
+    QTableView* Grid1;
+    GridRows* rows_;
+};

@@ -1,0 +1,182 @@
+#include "edit/forms/panel.h"
+
+#include "edit/forms/flow_layout.h"
+#include "platform/qt/guard.h"
+#include "platform/qt/key_line_edit.h"
+#include "platform/qt/qt_text.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+/// Half-width characters that a box shows.
+int boxBytes(PanelField field) {
+    switch (field) {
+    case PanelField::txtREC:
+        return 9;
+    case PanelField::RichTextBox1:
+        return 20;
+    case PanelField::RichTextBox2:
+        return 40;
+    default:
+        return 4;
+    }
+}
+
+} // namespace
+
+Panel::Panel(const FormContext& context, QWidget* parent)
+    : QScrollArea(parent), context_(context), content_(new QWidget), lblSpeek(nullptr) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    content_->setLayout(new FlowLayout);
+    addPair(addMouseLabel(PanelLabel::Label2, "Label2", u"記録番号"), PanelField::txtREC);
+    addPair(addMouseLabel(PanelLabel::Label3, "Label3", u"項目番号"), PanelField::txtItemnum);
+    addPair(addLabel("lblName", u"項目名"), PanelField::RichTextBox1);
+    addPair(addLabel("lblWIDTH", u"項目幅"), PanelField::txtWIDTH);
+    addPair(addLabel("lblLR", u"配置"), PanelField::txtLR);
+    addPair(addLabel("lblCount", u"項目数"), PanelField::Text1);
+    addPair(addMouseLabel(PanelLabel::Label4, "Label4", u"ＩＤ :"), PanelField::Label13);
+    addPair(addMouseLabel(PanelLabel::Label6, "Label6", u"記入項目:"), PanelField::Label11);
+    content_->layout()->addWidget(labels_[PanelField::Label8] = addLabel("Label8", {}));
+    addPair(addMouseLabel(PanelLabel::lblJITEM, "lblJITEM", u"表メモ"), PanelField::RichTextBox2);
+    lblSpeek = addLabel("lblSpeek", u"Speek!");
+    content_->layout()->addWidget(lblSpeek);
+    addPair(addLabel("lblInput", u"データ入力"), PanelField::txtinputbox);
+    for (const PanelField readOnly : {PanelField::Text1, PanelField::RichTextBox1}) {
+        boxes_[readOnly]->setReadOnly(true);
+    }
+    setWidget(content_);
+    for (std::size_t i = 1; i < boxOrder().size(); ++i) {
+        QWidget::setTabOrder(box(boxOrder()[i - 1]), box(boxOrder()[i]));
+    }
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepInView(now); });
+    fitBoxes();
+}
+
+const std::vector<PanelField>& Panel::boxOrder() {
+    static const std::vector<PanelField> order = {
+        PanelField::txtinputbox, PanelField::txtREC, PanelField::txtItemnum,   PanelField::txtWIDTH,
+        PanelField::txtLR,       PanelField::Text1,  PanelField::RichTextBox1, PanelField::RichTextBox2};
+    return order;
+}
+
+KeyLineEdit* Panel::box(PanelField field) const {
+    const auto found = boxes_.find(field);
+    return found == boxes_.end() ? nullptr : found->second;
+}
+
+void Panel::addPair(QLabel* label, PanelField field) {
+    auto* pair = new QWidget(content_);
+    auto* layout = new QHBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(label);
+    const bool isLabel = field == PanelField::Label11 || field == PanelField::Label13;
+    if (isLabel) {
+        layout->addWidget(labels_[field] = addLabel(field == PanelField::Label11 ? "Label11" : "Label13", {}));
+    } else {
+        layout->addWidget(addBox(field));
+        label->setBuddy(boxes_[field]);
+    }
+    content_->layout()->addWidget(pair);
+}
+
+KeyLineEdit* Panel::addBox(PanelField field) {
+    return boxes_[field] = new KeyLineEdit(context_, content_);
+}
+
+QLabel* Panel::addLabel(const char* name, TextView text) {
+    auto* label = new QLabel(toQt(text), content_);
+    label->setObjectName(QLatin1StringView(name));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLabel* Panel::addMouseLabel(PanelLabel kind, const char* name, TextView text) {
+    QLabel* label = addLabel(name, text);
+    mouseLabels_[label] = kind;
+    label->installEventFilter(this);
+    return label;
+}
+
+void Panel::showText(PanelField field, TextView text) {
+    if (KeyLineEdit* shown = box(field)) {
+        shown->setProgramText(text);
+    } else if (const auto label = labels_.find(field); label != labels_.end()) {
+        label->second->setText(toQt(text));
+    }
+}
+
+void Panel::setInputBoxWidth(int bytes) {
+    inputBytes_ = bytes;
+    fitBoxes();
+}
+
+void Panel::showSpeek(bool visible) { lblSpeek->setVisible(visible); }
+
+void Panel::fitBoxes() {
+    constexpr int gaps = 24;
+    for (const auto& [field, shown] : boxes_) {
+        const QFontMetrics metrics(shown->font());
+        const int unit = metrics.horizontalAdvance(QLatin1Char('0'));
+        const int bytes = std::max(2, field == PanelField::txtinputbox ? inputBytes_ + 1 : boxBytes(field));
+        const int labelWidth = shown->parentWidget()->layout()->itemAt(0)->sizeHint().width();
+        const int room = std::max(unit * 2, viewport()->width() - labelWidth - gaps);
+        shown->setFixedWidth(std::min(bytes * unit + 12, room));
+    }
+    content_->layout()->invalidate();
+    updateGeometry();
+}
+
+QSize Panel::sizeHint() const { return QSize(width(), content_->layout()->heightForWidth(viewport()->width())); }
+
+QSize Panel::minimumSizeHint() const {
+    // Never more than half the window, or the view would be pushed out; the rest scrolls.
+    const int half = window()->height() / 2;
+    return QSize(200, std::min(sizeHint().height(), half));
+}
+
+void Panel::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    fitBoxes();
+    keepInView(QApplication::focusWidget());
+}
+
+void Panel::changeEvent(QEvent* event) {
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
+        fitBoxes();
+    }
+}
+
+void Panel::keepInView(const QWidget* control) {
+    if (control != nullptr && content_->isAncestorOf(control)) {
+        content_->layout()->activate();
+        const QPoint corner = control->mapTo(content_, QPoint());
+        ensureVisible(corner.x() + control->width() / 2, corner.y() + control->height() / 2, control->width() / 2 + 4,
+                      control->height() / 2 + 4);
+    }
+}
+
+bool Panel::eventFilter(QObject* watched, QEvent* event) {
+    const auto label = mouseLabels_.find(watched);
+    if (label == mouseLabels_.end()) {
+        return QScrollArea::eventFilter(watched, event);
+    }
+    const bool needsDouble = label->second == PanelLabel::Label3;
+    const auto wanted = needsDouble ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+    if (event->type() == wanted && labelRule_) {
+        context_.guard.run([&] { labelRule_(label->second); });
+        return true;
+    }
+    return false;
+}

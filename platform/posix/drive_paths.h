@@ -1,0 +1,44 @@
+#pragma once
+// The one place that knows both spellings of a path: the program's (drive letter, colon, backslashes) and the system's.
+// Called by the file layer alone. It looks names up but never opens, makes or changes a file.
+//
+// "C:\a\b" counts from the drive's root, "C:WORK.QQQ" from the drive's current folder, "\W1" and "ZORCLip" from the
+// root and the current folder of the drive in which the program was started. The current folder of that drive is the
+// start folder, of every other drive its root. "/" separates names as "\" does.
+
+#include "platform/posix/drive_table.h"
+#include "platform/text.h"
+
+#include <string>
+
+/// Conversion of paths for one drive table and one start folder.
+class DrivePaths {
+public:
+    /// `startFolder` is an absolute native path. A RuntimeFailure of kind file if it lies on none of the drives.
+    DrivePaths(DriveTable drives, const std::string& startFolder);
+
+    /// The start folder in drive-letter form; without "\" at its end unless it is a drive's root.
+    const Text& currentFolder() const { return currentFolder_; }
+
+    /// The native path of an entry, existing or not, found without regard to case where no entry matches exactly. A
+    /// single name right in a drive's root that doesn't exist there, and can't be made there either because the user may
+    /// not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if the drive
+    /// is not in the table, is not named in front of a colon, or no file could have the name.
+    std::string native(TextView path) const;
+
+    /// An absolute native path in drive-letter form, on the drive whose folder is nearest. A "\" inside a name is
+    /// carried as carriedBackslash. A RuntimeFailure of kind file if the path lies on none of the drives.
+    Text fromNative(const std::string& path) const;
+
+    /// A text of the command line as a path of the program: one that begins with "/" is a native path, and becomes one
+    /// on drive C with a "\" inside a name carried as carriedBackslash; in any other text each "/" becomes "\".
+    static Text fromCommandLine(TextView argument);
+
+private:
+    const std::string& rootOf(char16_t letter) const;
+
+    DriveTable drives_;
+    Text currentFolder_;
+    std::string startFolder_;
+    char16_t currentDrive_;
+};

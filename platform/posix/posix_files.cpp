@@ -1,0 +1,81 @@
+#include "platform/posix/posix_files.h"
+
+#include "platform/failure.h"
+#include "platform/posix/posix_random_file.h"
+#include "platform/posix/replacement_file.h"
+
+namespace {
+
+constexpr std::size_t blockLength = 1 << 16;
+
+} // namespace
+
+bool PosixFiles::exists(const Text& path) {
+    if (statusOf(paths_.native(path))) {
+        return true;
+    }
+    if (errno != ENOENT && errno != ENOTDIR) {
+        failFile();
+    }
+    return false;
+}
+
+std::unique_ptr<RandomFile> PosixFiles::openRandom(const Text& path) {
+    return std::make_unique<PosixRandomFile>(paths_.native(path));
+}
+
+Bytes PosixFiles::readWhole(const Text& path, std::size_t limit) {
+    const Descriptor file = openForReading(paths_.native(path));
+    const auto expected = static_cast<std::size_t>(statusOf(file).st_size);
+    if (expected > limit) {
+        failFile();
+    }
+    Bytes bytes;
+    // One byte more than the length, because only a read that falls short has met the end: the file may grow meanwhile,
+    // and some file systems know no lengths.
+    for (std::size_t wanted = expected + 1;; wanted = blockLength) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + wanted);
+        const std::size_t came =
+            readFully(file, static_cast<std::int64_t>(before), bytes.data() + before, wanted);
+        bytes.resize(before + came);
+        if (bytes.size() > limit) {
+            failFile();
+        }
+        if (came < wanted) {
+            return bytes;
+        }
+    }
+}
+
+void PosixFiles::replaceWhole(const Text& path, BytesView contents) {
+    ReplacementFile replacement(paths_.native(path));
+    writeFully(replacement.file(), 0, contents);
+    replacement.putInPlace();
+}
+
+void PosixFiles::copy(const Text& from, const Text& to) {
+    const Descriptor source = openForReading(paths_.native(from));
+    ReplacementFile replacement(paths_.native(to));
+    Bytes block(blockLength, '\0');
+    std::int64_t offset = 0;
+    for (;;) {
+        const std::size_t length = readFully(source, offset, block.data(), block.size());
+        if (length == 0) {
+            break;
+        }
+        writeFully(replacement.file(), offset, BytesView(block).substr(0, length));
+        offset += static_cast<std::int64_t>(length);
+    }
+    replacement.putInPlace();
+}
+
+std::unique_ptr<TableLock> PosixFiles::lockTable(const Text& path) {
+    std::string native;
+    try {
+        native = paths_.native(path);
+    } catch (const RuntimeFailure&) {
+        // No file can be there. Who opens the table next tells the user; here it is a name that leads nowhere.
+    }
+    return locks_.lock(native);
+}

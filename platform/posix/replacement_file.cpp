@@ -1,0 +1,79 @@
+#include "platform/posix/replacement_file.h"
+
+#include "platform/posix/folders.h"
+#include "platform/posix/name_lookup.h"
+
+#include <array>
+#include <cstdio>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/random.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr mode_t permissionBits = 07777;
+
+/// A name that nobody else uses: even two copies of the program that write the same file at once differ.
+std::string hiddenName() {
+    std::array<unsigned char, 12> random{};
+    if (uninterrupted([&] { return getrandom(random.data(), random.size(), 0); }) !=
+        static_cast<ssize_t>(random.size())) {
+        failFile();
+    }
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string name = ".romika-";
+    for (const unsigned char byte : random) {
+        name += digits[byte >> 4];
+        name += digits[byte & 15];
+    }
+    return name;
+}
+
+void takeOver(const Descriptor& file, const Status& old) {
+    const Status fresh = statusOf(file);
+    if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
+        if (fchown(file.number(), old.st_uid, old.st_gid) != 0 && errno != EPERM) {
+            failFile();
+        }
+    }
+    // After the change of owner, which may take permissions away.
+    if ((statusOf(file).st_mode & permissionBits) != (old.st_mode & permissionBits) &&
+        fchmod(file.number(), old.st_mode & permissionBits) != 0) {
+        failFile();
+    }
+}
+
+} // namespace
+
+ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks(path)) {
+    const std::optional<Status> old = statusOf(target_);
+    if (old && (!S_ISREG(old->st_mode) || faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0)) {
+        failFile();
+    }
+    folder_ = openParentOf(target_);
+    const std::string temporary = joined(parentOf(target_), hiddenName());
+    file_ = openNative(temporary, O_RDWR | O_CREAT | O_EXCL, old ? 0600 : 0666);
+    if (!file_.isOpen()) {
+        failFile();
+    }
+    temporary_.path = temporary;
+    if (old) {
+        takeOver(file_, *old);
+    }
+}
+
+ReplacementFile::TemporaryName::~TemporaryName() {
+    if (!path.empty()) {
+        unlink(path.c_str());
+    }
+}
+
+void ReplacementFile::putInPlace() {
+    if (uninterrupted([&] { return fsync(file_.number()); }) != 0 ||
+        std::rename(temporary_.path.c_str(), target_.c_str()) != 0) {
+        failFile();
+    }
+    temporary_.path.clear();
+    syncFolder(folder_);
+}

@@ -1,0 +1,39 @@
+#pragma once
+// A file that is written beside another one and then takes its place in one step, so that a reader, or a kill at any
+// moment, meets the old contents or the new ones. Called by PosixFiles. Its name until then is hidden, belongs to no
+// other file, and goes away with the object; only a kill leaves it behind.
+//
+// Beside, because a rename can't cross disks. The name of a link leads to the file that takes the bytes: links stay
+// links. The new file keeps the permissions of the old one, and its owner as far as the user may give files away; other
+// hard links to the old file keep the old contents.
+
+#include "platform/posix/descriptor.h"
+
+#include <string>
+
+/// One replacement. Every call throws RuntimeFailure of kind file on failure, and then the old file is untouched.
+class ReplacementFile {
+public:
+    /// Makes the empty new file for the native `path`, which names a regular file that the user may write, or nothing.
+    explicit ReplacementFile(const std::string& path);
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+    /// The new file, open for writing.
+    const Descriptor& file() const { return file_; }
+    /// Makes the new file durable and puts it in place. A failure of the very last step, making the rename durable, is
+    /// thrown although the new contents are in place already.
+    void putInPlace();
+
+private:
+    /// Takes the file of that name away with itself; an empty name is none.
+    struct TemporaryName {
+        ~TemporaryName();
+        std::string path;
+    };
+
+    std::string target_;
+    Descriptor folder_;
+    TemporaryName temporary_;
+    Descriptor file_;
+};
