@@ -74,9 +74,10 @@ void mnuJY(ZORMOD& zormod) {
 }
 
 void mnuINH(ZORMOD& zormod) {
-    const Text answer = zormod.platform.dialogs.askText(
-        u"読み上げ禁止時間を秒単位で入力してください。読み上げソフトにエラーが出る場合、読み上げ禁止時間を長く設定して試してください。",
-        u"読み上げ禁止時間の設定", plainNumber(zormod.speech.inhibitSeconds));
+    const Text answer =
+        zormod.platform.dialogs.askText(u"読み上げ禁止時間を秒単位で入力してください。読み上げソフトにエラーが出る場合"
+                                        u"、読み上げ禁止時間を長く設定して試してください。",
+                                        u"読み上げ禁止時間の設定", plainNumber(zormod.speech.inhibitSeconds));
     if (answer.empty()) {
         zormod.platform.beeper.beep();
         return;

@@ -2,9 +2,6 @@
 
 #include "edit/cell_pick.h"
 #include "edit/forms/form1_menus.h"
-#include "edit/forms/frmGrid.h"
-#include "edit/forms/frmKOJIND.h"
-#include "edit/forms/frmSHEET.h"
 #include "edit/forms/menu_voice.h"
 #include "edit/forms/panel.h"
 #include "edit/forms/panel_binding.h"
@@ -49,8 +46,7 @@ Form1::Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, c
     binding_ = std::make_unique<PanelBinding>(*panel_, *spoken_, edit, inputBox);
     panel_->onLabel([this](PanelLabel label) { labelUsed(label); });
 
-    sheet_ = new FrmSheet(context, actions_, stack_);
-    views_ = {sheet_, new FrmKojind(context, actions_, stack_), new FrmGrid(context, actions_, stack_)};
+    views_ = makeViews(context, actions_, stack_);
     for (View* view : views_) {
         stack_->addWidget(view);
     }
@@ -63,7 +59,8 @@ Form1::Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, c
     binding_->moveFocus(PanelField::txtinputbox);
 }
 
-Form1::~Form1() = default;
+// The focus leaves the boxes as they are destroyed, and their rules must not run any more.
+Form1::~Form1() { delete spoken_; }
 
 ViewActions Form1::viewActions() {
     return {.backToInput = [this] { giveInputBoxFocus(edit_); },

@@ -3,17 +3,15 @@
 // logic tells it and hands every event on; it decides nothing. main makes one and connects it as the program's Screen.
 
 #include "edit/edit_screen.h"
-#include "edit/forms/view.h"
+#include "edit/forms/views.h"
 #include "edit/input_box.h"
 #include "edit/menu_table.h"
 #include "platform/screen.h"
 
 #include <QMainWindow>
 
-#include <array>
 #include <memory>
 
-class FrmSheet;
 class Panel;
 class PanelBinding;
 class QStackedWidget;
@@ -27,8 +25,8 @@ public:
     Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, const MenuTable& menus);
     ~Form1() override;
 
-    /// The standard view, for the masks of a range.
-    FrmSheet& sheet() { return *sheet_; }
+    /// The views, for the masks of a range.
+    const Views& views() const { return views_; }
 
     void setTitle(const Text& title) override;
     void showField(PanelField field, const Text& text) override;
@@ -61,6 +59,5 @@ private:
     std::unique_ptr<PanelBinding> binding_;
     ViewActions actions_;
     QStackedWidget* stack_;
-    FrmSheet* sheet_;
-    std::array<View*, 3> views_; ///< by view mode
+    Views views_;
 };

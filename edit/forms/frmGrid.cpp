@@ -20,7 +20,7 @@ FormVoice viewVoice() {
 
 } // namespace
 
-FrmGrid::FrmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
+frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
     : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
       rows_(new GridRows(context.zormod, this)) {
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -37,11 +37,11 @@ FrmGrid::FrmGrid(const FormContext& context, const ViewActions& actions, QWidget
     body_->addWidget(Grid1, 1);
 }
 
-int FrmGrid::rebuilds() const {
+int frmGrid::rebuilds() const {
     return rows_->rebuilds();
 }
 
-void FrmGrid::fitColumns() {
+void frmGrid::fitColumns() {
     const int unit = sheetFont(fontPixels(firstFontSize)).unit;
     constexpr int numberColumns = 8;
     constexpr int gap = 4; // bytes that a column is wider than its item
@@ -52,7 +52,7 @@ void FrmGrid::fitColumns() {
     }
 }
 
-void FrmGrid::redraw() {
+void frmGrid::redraw() {
     ZORMOD& zormod = context_.zormod;
     if (rows_->takeShape(gridShape(zormod, hasTable(zormod) ? recordCount(zormod) : 0))) {
         fitColumns();
@@ -62,12 +62,12 @@ void FrmGrid::redraw() {
     showCurrent();
 }
 
-void FrmGrid::redrawCurrentRow() {
+void frmGrid::redrawCurrentRow() {
     rows_->refreshRow(currentRow(context_.zormod));
     showCurrent();
 }
 
-void FrmGrid::showCurrent() {
+void frmGrid::showCurrent() {
     const ZORMOD& zormod = context_.zormod;
     const int row = currentRow(zormod);
     Label1->setText(toQt(viewCell(zormod, row, zormod.position.curItem)));
@@ -76,7 +76,7 @@ void FrmGrid::showCurrent() {
     }
 }
 
-void FrmGrid::showEvent(QShowEvent* event) {
+void frmGrid::showEvent(QShowEvent* event) {
     View::showEvent(event);
     context_.guard.run([this] { redraw(); });
 }

@@ -8,10 +8,10 @@ class QLabel;
 class QTableView;
 
 /// The grid view.
-class FrmGrid : public View {
+class frmGrid : public View {
     Q_OBJECT
 public:
-    FrmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent);
+    frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent);
 
     void redraw() override;
     void redrawCurrentRow() override;

@@ -23,7 +23,7 @@ FormVoice viewVoice() {
 
 } // namespace
 
-FrmKojind::FrmKojind(const FormContext& context, const ViewActions& actions, QWidget* parent)
+frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWidget* parent)
     : View(QStringLiteral("frmKOJIND"), u"ロミカカード形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
       rows_(new CardRows(context.zormod, this)) {
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -44,7 +44,7 @@ FrmKojind::FrmKojind(const FormContext& context, const ViewActions& actions, QWi
     fitColumns();
 }
 
-void FrmKojind::fitColumns() {
+void frmKOJIND::fitColumns() {
     const int unit = sheetFont(fontPixels(firstFontSize)).unit;
     constexpr int margin = 10;
     Grid1->setColumnWidth(0, 3 * unit + margin);
@@ -52,7 +52,7 @@ void FrmKojind::fitColumns() {
     Grid1->setColumnWidth(2, 40 * unit + margin);
 }
 
-void FrmKojind::redraw() {
+void frmKOJIND::redraw() {
     const ZORMOD& zormod = context_.zormod;
     setHeading(u"ロミカカード形式表示" + plainNumber(zormod.position.curRecord) + u"記録");
     Label1->setText(toQt(u"ID:" + viewCell(zormod, currentRow(zormod), 0)));
@@ -62,11 +62,11 @@ void FrmKojind::redraw() {
     markCell(*Grid1, zormod.position.curItem, 2);
 }
 
-void FrmKojind::redrawCurrentRow() {
+void frmKOJIND::redrawCurrentRow() {
     redraw();
 }
 
-void FrmKojind::showEvent(QShowEvent* event) {
+void frmKOJIND::showEvent(QShowEvent* event) {
     View::showEvent(event);
     context_.guard.run([this] { redraw(); });
 }

@@ -8,10 +8,10 @@ class QLabel;
 class QTableView;
 
 /// The card view.
-class FrmKojind : public View {
+class frmKOJIND : public View {
     Q_OBJECT
 public:
-    FrmKojind(const FormContext& context, const ViewActions& actions, QWidget* parent);
+    frmKOJIND(const FormContext& context, const ViewActions& actions, QWidget* parent);
 
     void redraw() override;
     void redrawCurrentRow() override;

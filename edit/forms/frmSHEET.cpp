@@ -32,7 +32,7 @@ FormVoice sheetVoice() {
 
 } // namespace
 
-FrmSheet::FrmSheet(const FormContext& context, const ViewActions& actions, QWidget* parent)
+frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidget* parent)
     : View(QStringLiteral("frmSHEET"), u"ワークシート", sheetVoice(), context, actions, parent), size_(firstFontSize),
       corner_(new QWidget(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this)) {
     const ZORMOD& zormod = context.zormod;
@@ -70,7 +70,7 @@ FrmSheet::FrmSheet(const FormContext& context, const ViewActions& actions, QWidg
     useSize(size_);
 }
 
-void FrmSheet::redraw() {
+void frmSHEET::redraw() {
     layPictures();
     keepCellInView();
     moveOverlays();
@@ -80,32 +80,31 @@ void FrmSheet::redraw() {
     Picture4->update();
 }
 
-void FrmSheet::redrawCurrentRow() {
+void frmSHEET::redrawCurrentRow() {
     Picture1->updateRow(currentRow(context_.zormod));
     Picture2->update();
 }
 
-void FrmSheet::showEcho(const Text& typed) {
+void frmSHEET::showEcho(const Text& typed) {
     Picture2->setTyped(typed);
 }
 
-void FrmSheet::showCellInEcho() {
+void frmSHEET::showCellInEcho() {
     Picture2->setTyped(std::nullopt);
 }
 
-void FrmSheet::hideMask() {
+void frmSHEET::hideMask() {
     LblMUSK->uncover();
     LblPMUSK->uncover();
 }
 
-void FrmSheet::paintMask(MaskKind kind, std::int32_t firstRecord, std::int32_t lastRecord, int firstItem,
-                         int lastItem) {
+void frmSHEET::paintMask(MaskKind kind, const CellRange& range) {
     CellMask* mask = kind == MaskKind::target ? LblPMUSK : LblMUSK;
-    mask->cover(firstRecord, lastRecord, firstItem, lastItem, maskColour(kind));
+    mask->cover(range, maskColour(kind));
     Picture2->raise();
 }
 
-void FrmSheet::changeSize(std::optional<int> size) {
+void frmSHEET::changeSize(std::optional<int> size) {
     if (!size) {
         context_.zormod.platform.beeper.beep();
         return;
@@ -116,7 +115,7 @@ void FrmSheet::changeSize(std::optional<int> size) {
     redraw();
 }
 
-void FrmSheet::useSize(int size) {
+void frmSHEET::useSize(int size) {
     size_ = size;
     place_.font = sheetFont(fontPixels(size));
     for (QWidget* picture : std::initializer_list<QWidget*>{Picture1, Picture2, Picture3, Picture4, LblMUSK, LblPMUSK}) {
@@ -126,7 +125,7 @@ void FrmSheet::useSize(int size) {
     layPictures();
 }
 
-void FrmSheet::measureRows() {
+void frmSHEET::measureRows() {
     const std::int16_t rows = rowsThatFit(Picture1->height(), place_.font.rowHeight);
     if (rows != toldRows_) {
         toldRows_ = rows;
@@ -134,7 +133,7 @@ void FrmSheet::measureRows() {
     }
 }
 
-void FrmSheet::layPictures() {
+void frmSHEET::layPictures() {
     const ZORMOD& zormod = context_.zormod;
     Picture3->setFixedWidth(Picture3->neededWidth());
     corner_->setFixedWidth(Picture3->neededWidth());
@@ -145,7 +144,7 @@ void FrmSheet::layPictures() {
     scrollBar_->setVisible(scrollBar_->maximum() > 0);
 }
 
-void FrmSheet::keepCellInView() {
+void frmSHEET::keepCellInView() {
     const ZORMOD& zormod = context_.zormod;
     const int row = std::max(1, currentRow(zormod));
     const int item = zormod.position.curItem;
@@ -159,7 +158,7 @@ void FrmSheet::keepCellInView() {
     scrollTo(left, std::min(top, std::max(0, spare)));
 }
 
-void FrmSheet::scrollTo(int left, int top) {
+void frmSHEET::scrollTo(int left, int top) {
     left = std::clamp(left, 0, scrollBar_->maximum());
     if (left == place_.left && top == place_.top) {
         return;
@@ -173,20 +172,20 @@ void FrmSheet::scrollTo(int left, int top) {
     Picture4->update();
 }
 
-void FrmSheet::moveOverlays() {
+void frmSHEET::moveOverlays() {
     LblMUSK->place();
     LblPMUSK->place();
     Picture2->place();
 }
 
-void FrmSheet::resizeEvent(QResizeEvent* event) {
+void frmSHEET::resizeEvent(QResizeEvent* event) {
     View::resizeEvent(event);
     // The pictures get their new sizes from the layout; only then is there something to measure.
     QMetaObject::invokeMethod(
         this, [this] { context_.guard.run([this] { measureRows(), redraw(); }); }, Qt::QueuedConnection);
 }
 
-void FrmSheet::pickAt(QPoint point) {
+void frmSHEET::pickAt(QPoint point) {
     const ZORMOD& zormod = context_.zormod;
     const int row = rowAtHeight(zormod, point.y() + place_.top, place_.font.rowHeight);
     if (row != 0) {
@@ -194,7 +193,7 @@ void FrmSheet::pickAt(QPoint point) {
     }
 }
 
-bool FrmSheet::mouseOnSheet(QEvent* event) {
+bool frmSHEET::mouseOnSheet(QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const QPoint point = mouse->position().toPoint();
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
@@ -217,7 +216,7 @@ bool FrmSheet::mouseOnSheet(QEvent* event) {
     return false;
 }
 
-bool FrmSheet::eventFilter(QObject* watched, QEvent* event) {
+bool frmSHEET::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:

@@ -8,26 +8,18 @@
 
 class QScrollBar;
 
-/// The two masks of a range.
-enum class MaskKind {
-    wholes, ///< `LblMUSK` over whole records or items
-    block,  ///< `LblMUSK` over a block of cells
-    target, ///< `LblPMUSK`: where it is to go
-};
-
 /// The standard view.
-class FrmSheet : public View {
+class frmSHEET : public View {
     Q_OBJECT
 public:
-    FrmSheet(const FormContext& context, const ViewActions& actions, QWidget* parent);
+    frmSHEET(const FormContext& context, const ViewActions& actions, QWidget* parent);
 
     void redraw() override;
     void redrawCurrentRow() override;
     void showEcho(const Text& typed) override;
     void showCellInEcho() override;
     void hideMask() override;
-    /// Paints a mask over these records and items, as far as they are in the window.
-    void paintMask(MaskKind kind, std::int32_t firstRecord, std::int32_t lastRecord, int firstItem, int lastItem);
+    void paintMask(MaskKind kind, const CellRange& range) override;
     /// Size of the font, one of the fixed ones.
     int fontSize() const { return size_; }
     /// Height of a row in pixels.

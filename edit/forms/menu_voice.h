@@ -3,6 +3,7 @@
 // toolkit's menus and decides nothing; the words are in edit/menu_text.
 
 #include "platform/qt/form_context.h"
+#include "platform/text.h"
 
 #include <QObject>
 

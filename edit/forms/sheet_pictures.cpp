@@ -143,9 +143,9 @@ CellMask::CellMask(const QString& name, const ZORMOD& zormod, const SheetPlace& 
     hide();
 }
 
-void CellMask::cover(std::int32_t firstRecord, std::int32_t lastRecord, int firstItem, int lastItem,
-                     const QColor& colour) {
-    range_ = Range{firstRecord, lastRecord, firstItem, lastItem, colour};
+void CellMask::cover(const CellRange& range, const QColor& colour) {
+    range_ = range;
+    colour_ = colour;
     place();
 }
 
@@ -171,7 +171,7 @@ void CellMask::paintEvent(QPaintEvent* event) {
     if (!range_) {
         return;
     }
-    painter.fillRect(event->rect(), range_->colour);
+    painter.fillRect(event->rect(), colour_);
     // The mask draws the cells anew: the sheet's own letters may be white.
     const QRect area = event->rect().translated(pos());
     eachRow(area, [&](int row, int top) {

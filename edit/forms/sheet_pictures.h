@@ -93,8 +93,8 @@ class CellMask : public SheetPicture {
     Q_OBJECT
 public:
     CellMask(const QString& name, const ZORMOD& zormod, const SheetPlace& place, QWidget* parent);
-    /// Covers these records and items, as far as they are in the window, with `colour`.
-    void cover(std::int32_t firstRecord, std::int32_t lastRecord, int firstItem, int lastItem, const QColor& colour);
+    /// Covers a range, as far as it is in the window, with `colour`.
+    void cover(const CellRange& range, const QColor& colour);
     /// Takes the mask off.
     void uncover();
     /// Follows the sheet after a move or a scroll.
@@ -104,10 +104,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Range {
-        std::int32_t firstRecord, lastRecord;
-        int firstItem, lastItem;
-        QColor colour;
-    };
-    std::optional<Range> range_;
+    std::optional<CellRange> range_;
+    QColor colour_;
 };

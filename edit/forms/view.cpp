@@ -48,6 +48,8 @@ void View::showEcho(const Text&) {}
 
 void View::showCellInEcho() {}
 
+void View::paintMask(MaskKind, const CellRange&) {}
+
 void View::hideMask() {}
 
 void View::setHeading(TextView caption) {

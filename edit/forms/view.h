@@ -3,6 +3,7 @@
 // window and holds no data of its own. It is reached by the mouse only: it stands outside the Tab order, and a key on it
 // goes back to the input box. Form1 owns the views and calls them; a view knows Form1 only as a few routines.
 
+#include "edit/sheet_rows.h"
 #include "platform/qt/form_context.h"
 #include "platform/text.h"
 #include "voice/forms/SpokenForm.h"
@@ -23,6 +24,13 @@ struct ViewActions {
     std::function<void()> cancelRange;                                ///< what was selected no longer holds
 };
 
+/// The masks that show a range.
+enum class MaskKind {
+    wholes, ///< `LblMUSK` over whole records or items
+    block,  ///< `LblMUSK` over a block of cells
+    target, ///< `LblPMUSK`: where it is to go
+};
+
 /// A view.
 class View : public QWidget {
     Q_OBJECT
@@ -39,6 +47,8 @@ public:
     virtual void showEcho(const Text& typed);
     /// The echo shows the stored cell again.
     virtual void showCellInEcho();
+    /// Puts a mask over a range, as far as it is in the window. The card view has none.
+    virtual void paintMask(MaskKind kind, const CellRange& range);
     /// Takes the masks of a range away.
     virtual void hideMask();
 

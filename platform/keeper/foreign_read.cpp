@@ -6,6 +6,14 @@
 #include <algorithm>
 #include <utility>
 
+using std::chrono::steady_clock;
+
+namespace {
+
+constexpr std::chrono::seconds patienceWithSender{1};
+
+} // namespace
+
 ForeignRead::ForeignRead(XConnection &x)
     : x_(x), forms_{x.atoms().utf8String, x.atoms().plainUtf8, XCB_ATOM_STRING, x.atoms().text} {
     std::string name = "ROMIKA_READ_";
@@ -13,13 +21,17 @@ ForeignRead::ForeignRead(XConnection &x)
         properties_[i] = x.atom(name + static_cast<char>('A' + i));
 }
 
-void ForeignRead::start(TimePoint deadline) {
+void ForeignRead::start(xcb_window_t owner, TimePoint deadline) {
     cancel();
     text_.reset();
     failed_ = false;
     form_ = 0;
+    owner_ = owner;
     deadline_ = deadline;
-    ask();
+    if (abandoned_ != XCB_ATOM_NONE && abandonedOwner_ == owner && steady_clock::now() < abandonedUntil_)
+        state_ = State::waiting;
+    else
+        ask();
 }
 
 void ForeignRead::ask() {
@@ -43,10 +55,34 @@ void ForeignRead::askNextForm() {
 
 void ForeignRead::cancel() {
     // Removing the property lets an owner that sends piece by piece go on to its end instead of waiting for us.
-    if (state_ == State::receiving)
+    if (state_ == State::receiving) {
+        abandon(property());
         xcb_delete_property(x_.raw(), x_.window(), property());
+    }
     state_ = State::idle;
     bytes_ = {};
+}
+
+void ForeignRead::abandon(xcb_atom_t property) {
+    abandoned_ = property;
+    abandonedOwner_ = owner_;
+    abandonedUntil_ = steady_clock::now() + patienceWithSender;
+}
+
+/// Takes away a piece of a reading given up.
+void ForeignRead::drain(xcb_atom_t property) {
+    const auto piece = x_.property(x_.window(), property, 0, false);
+    if (!piece || piece->type == XCB_ATOM_NONE)
+        return;
+    xcb_delete_property(x_.raw(), x_.window(), property);
+    const bool isEnd = property == abandoned_ && piece->isWhole;
+    if (piece->type == x_.atoms().incr || (property == abandoned_ && !isEnd))
+        abandon(property);
+    if (!isEnd)
+        return;
+    abandoned_ = XCB_ATOM_NONE;
+    if (state_ == State::waiting)
+        ask();
 }
 
 void ForeignRead::fail() {
@@ -60,11 +96,11 @@ void ForeignRead::handle(const xcb_generic_event_t &event) {
     const auto &change = as<xcb_property_notify_event_t>(event);
     if (kindOf(event) != XCB_PROPERTY_NOTIFY || change.window != x_.window() || change.state != XCB_PROPERTY_NEW_VALUE)
         return;
-    if (state_ != State::idle && change.atom == property()) {
+    if ((state_ == State::asked || state_ == State::receiving) && change.atom == property()) {
         if (state_ == State::receiving)
             receivePiece();
     } else if (std::ranges::find(properties_, change.atom) != properties_.end()) {
-        xcb_delete_property(x_.raw(), x_.window(), change.atom);
+        drain(change.atom);
     }
 }
 

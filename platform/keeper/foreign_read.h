@@ -15,8 +15,10 @@ class ForeignRead {
 public:
     explicit ForeignRead(XConnection &x);
 
-    /// Asks the owner. A reading that is under way is given up first. It fails when `deadline` has come.
-    void start(TimePoint deadline);
+    /// Asks the owner; the caller gives the reading up when `deadline` has come. A reading that is under way is given
+    /// up first. An owner that is still busy sending the pieces of a reading given up is asked when it has come to
+    /// their end, since some owners mistake our taking of one answer for our taking of the other, and send a torn text.
+    void start(xcb_window_t owner, TimePoint deadline);
     /// Gives up the reading that is under way, if any.
     void cancel();
     /// Goes on with the reading, and lets the owners of readings given up come to their end.
@@ -30,12 +32,14 @@ public:
     bool takeFailure();
 
 private:
-    enum class State { idle, asked, receiving };
+    enum class State { idle, waiting, asked, receiving };
 
     void ask();
     void askNextForm();
     void received(const xcb_selection_notify_event_t &notice);
     void receivePiece();
+    void drain(xcb_atom_t property);
+    void abandon(xcb_atom_t property);
     void finish();
     void fail();
     xcb_atom_t property() const { return properties_[current_]; }
@@ -49,6 +53,10 @@ private:
     State state_ = State::idle;
     xcb_timestamp_t time_ = XCB_CURRENT_TIME;
     TimePoint deadline_{};
+    xcb_window_t owner_ = XCB_WINDOW_NONE;
+    xcb_atom_t abandoned_ = XCB_ATOM_NONE; ///< where the pieces of a reading given up still arrive
+    xcb_window_t abandonedOwner_ = XCB_WINDOW_NONE;
+    TimePoint abandonedUntil_{}; ///< when its owner is no longer believed to be sending
     std::string bytes_;
     xcb_atom_t type_ = XCB_ATOM_NONE; ///< type of the pieces received so far
     std::optional<std::string> text_;

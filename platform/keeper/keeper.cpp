@@ -106,7 +106,7 @@ void Keeper::startReading(const KeeperMessage &request) {
     if (*owner == XCB_WINDOW_NONE)
         return program_.send({KeeperMessageKind::text, request.sequence, 0, {}});
     readingSequence_ = request.sequence;
-    reading_.start(TimePoint(std::chrono::nanoseconds(request.deadline)));
+    reading_.start(*owner, TimePoint(std::chrono::nanoseconds(request.deadline)));
 }
 
 void Keeper::reportReading() {

@@ -42,9 +42,21 @@ bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
+// A press whose handler opened a form goes on to the widgets above its own when that form has been closed, after newer
+// keys. It must not count as held once more. Events of some input methods carry no time.
+bool HeldKeys::isStale(const QKeyEvent& event) {
+    const quint64 now = event.timestamp();
+    const bool stale = now != 0 && now < latest_;
+    latest_ = stale || now == 0 ? latest_ : now;
+    return stale;
+}
+
 // One press passes here several times: as the question for shortcuts, at its window, at its widget and at the widgets
 // above. All of them carry the same time.
 bool HeldKeys::pressed(QKeyEvent& event) {
+    if (isStale(event)) {
+        return false;
+    }
     const quint64 now = event.timestamp();
     const auto [place, fresh] = held_.try_emplace(identity(event), Held{strokeOf(event).key, now, false});
     Held& held = place->second;
@@ -52,10 +64,7 @@ bool HeldKeys::pressed(QKeyEvent& event) {
         repeat_ = false;
     } else if (held.lastPress != now) {
         repeat_ = event.isAutoRepeat() || now - held.lastPress < longestRepeatPause;
-        if (!repeat_) {
-            held = {strokeOf(event).key, now, false};
-        }
-        held.lastPress = now;
+        held = {repeat_ ? held.key : strokeOf(event).key, now, repeat_ && held.mute};
     }
     if (held.mute) {
         event.accept();
@@ -66,6 +75,9 @@ bool HeldKeys::pressed(QKeyEvent& event) {
 bool HeldKeys::released(const QKeyEvent& event) {
     if (event.isAutoRepeat()) {
         return true;
+    }
+    if (isStale(event)) {
+        return false;
     }
     const auto place = held_.find(identity(event));
     if (place != held_.end()) {

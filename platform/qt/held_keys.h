@@ -35,9 +35,11 @@ private:
     };
     bool pressed(QKeyEvent& event);
     bool released(const QKeyEvent& event);
+    bool isStale(const QKeyEvent& event);
 
     std::map<quint64, Held> held_;
     Key lastReleased_ = Key::other;
     quint64 lastRelease_ = 0;
+    quint64 latest_ = 0;
     bool repeat_ = false;
 };

@@ -46,6 +46,9 @@ bool KeyTap::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool KeyTap::keyDown(const QKeyEvent& event) {
+    if (context_.guard.isEndPending()) {
+        return true;
+    }
     const QPointer<KeyTap> self(this);
     const KeyStroke stroke = strokeOf(event);
     ++depth_;

@@ -5,7 +5,9 @@
 #include <X11/XKBlib.h> // here alone: its macros clash with the toolkit's names
 
 void makeAutoRepeatDetectable(QGuiApplication& application) {
-    if (auto* x11 = application.nativeInterface<QNativeInterface::QX11Application>()) {
+    auto* x11 = application.nativeInterface<QNativeInterface::QX11Application>();
+    // The offscreen platform has the interface too, but no display behind it.
+    if (x11 != nullptr && x11->display() != nullptr) {
         Bool supported = False;
         XkbSetDetectableAutoRepeat(x11->display(), True, &supported);
     }

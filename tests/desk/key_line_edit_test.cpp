@@ -398,6 +398,7 @@ TEST(KeyLineEdit, AltAndALetterOpensTheMenuAndTypesNothing) {
     BoxWindow desk;
     QMenu* menu = desk.window->menuBar()->addMenu(QStringLiteral("&File"));
     menu->addAction(QStringLiteral("End"));
+    desk.settle();
     desk.keys.down(altKey(Key::f));
     EXPECT_EQ(QApplication::activePopupWidget(), menu);
     desk.keys.press(plainKey(Key::escape));

@@ -35,8 +35,9 @@ ForeignOwner::Behaviour offering(const std::string &form, const std::string &byt
 class ClipboardRead : public testing::Test {
 protected:
     void expectText(TextView expected) {
-        const ClipboardText got = clipboard.read();
-        EXPECT_TRUE(got.ok);
+        // On a machine that is busy with other things a reading may run out of its tenth of a second.
+        ClipboardText got;
+        EXPECT_TRUE(becomesTrue([&] { return (got = clipboard.read()).ok; }));
         EXPECT_EQ(got.text, expected);
     }
 
@@ -74,7 +75,7 @@ TEST_F(ClipboardRead, ALongTextOfAnotherProgramIsReadWhole) {
     while (text.size() < 5u << 20)
         text += "0123456789abcde\n";
     ASSERT_TRUE(copyElsewhere(text));
-    // On a machine that is busy with other things a reading may run out of its tenth of a second; the next one may not.
+    // Readings that run out of their tenth of a second must not tear the text of a later one.
     ClipboardText got;
     EXPECT_TRUE(becomesTrue([&] { return (got = clipboard.read()).ok; }));
     EXPECT_TRUE(got.text == fromUtf8(text));
@@ -82,9 +83,9 @@ TEST_F(ClipboardRead, ALongTextOfAnotherProgramIsReadWhole) {
 
 TEST_F(ClipboardRead, OurOwnLongTextComesBackWhole) {
     const Text text(5u << 20, u'x');
-    ASSERT_TRUE(clipboard.write(text));
-    const ClipboardText got = clipboard.read();
-    EXPECT_TRUE(got.ok);
+    ASSERT_TRUE(becomesTrue([&] { return clipboard.write(text); }));
+    ClipboardText got;
+    EXPECT_TRUE(becomesTrue([&] { return (got = clipboard.read()).ok; }));
     EXPECT_TRUE(got.text == text);
 }
 
@@ -140,6 +141,8 @@ TEST_F(ClipboardRead, ALateAnswerOfTheOwnerIsNotTakenForTheAnswerToTheNextReadin
             // The right answer comes only when the late one has been looked at.
             EXPECT_TRUE(becomesTrue([&] { return !self.client().hasProperty(held[0].requestor, held[0].property); }));
             self.answer(held[1], "新しい");
+        } else if (held.size() > 2) {
+            self.answer(request, "新しい");
         }
     });
     EXPECT_FALSE(clipboard.read().ok);
@@ -153,6 +156,8 @@ TEST_F(ClipboardRead, ALateRefusalOfTheOwnerIsNotTakenForARefusalOfTheNextReadin
         if (held.size() == 2) {
             self.refuse(held[0]);
             self.answer(held[1], "新しい");
+        } else if (held.size() > 2) {
+            self.answer(request, "新しい");
         }
     });
     EXPECT_FALSE(clipboard.read().ok);
@@ -169,8 +174,8 @@ TEST_F(ClipboardRead, ALateAnswerOfTheKeeperIsNotTakenForTheAnswerToTheNextReadi
 }
 
 TEST_F(ClipboardRead, OthersAreServedWhileAReadingWaitsForASilentOwner) {
-    const Text text(3u << 20, u'x');
-    ASSERT_TRUE(clipboard.write(text));
+    const Text text((1u << 20) + 1, u'x'); // two pieces
+    ASSERT_TRUE(becomesTrue([&] { return clipboard.write(text); }));
     XClient other;
     other.ask("UTF8_STRING");
     const xcb_atom_t property = other.waitForNotice();

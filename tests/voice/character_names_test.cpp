@@ -11,7 +11,7 @@ struct Expected {
 };
 
 void expectNames(std::initializer_list<Expected> rows) {
-    for (const auto &[ch, reading] : rows) {
+    for (const auto& [ch, reading] : rows) {
         EXPECT_EQ(utf8(charReading(ch)), utf8(reading)) << "for " << utf8(ch);
     }
 }

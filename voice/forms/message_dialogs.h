@@ -7,8 +7,9 @@
 /// Opens the message forms, modal, above the form that is active.
 class MessageDialogs : public Dialogs {
 public:
-    /// `context` may still be unfinished: it is used when the first question comes.
-    explicit MessageDialogs(const FormContext& context) : context_(context) {}
+    /// Must be called before the first question. The context can't be had earlier: the shared state in it is made with
+    /// a Platform that names this very object.
+    void setContext(const FormContext& context) { context_ = &context; }
 
     void showMessage(const Text& text, const Text& title) override;
     /// The answers are left in `msgAnswer` too.
@@ -19,5 +20,5 @@ public:
 private:
     Answer answered(int result);
 
-    const FormContext& context_;
+    const FormContext* context_ = nullptr;
 };

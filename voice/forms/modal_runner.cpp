@@ -19,9 +19,11 @@ public:
         if (form_) {
             form_->hide();
         }
-        // Not every window manager, and no bare X server, hands the activation back by itself.
+        // Not every window manager, and no bare X server, hands the activation back by itself. It comes back with a
+        // later event; the toolkit is told at once, because the caller may ask the next question before that.
         if (window_) {
             window_->activateWindow();
+            QApplication::setActiveWindow(window_);
         }
         // The reason says that nobody moved, so no control announces itself.
         if (focused_) {

@@ -1,5 +1,7 @@
 #include "tests/desktop/support/processes.h"
 
+#include "tests/desktop/support/x_client.h"
+
 #include <array>
 #include <cstdio>
 #include <fstream>
@@ -54,7 +56,13 @@ bool inEndedProcess(const std::function<bool()> &story) {
 }
 
 bool copyElsewhere(const std::string &utf8) {
-    return feed("xclip -i -selection clipboard", utf8);
+    // xclip returns before its own background process has taken the clipboard.
+    const XClient watcher;
+    const xcb_window_t before = watcher.owner("CLIPBOARD");
+    return feed("xclip -i -selection clipboard", utf8) && becomesTrue([&] {
+               const xcb_window_t now = watcher.owner("CLIPBOARD");
+               return now != before && now != XCB_WINDOW_NONE;
+           });
 }
 
 std::string pasteElsewhere() {

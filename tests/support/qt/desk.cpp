@@ -16,12 +16,18 @@ constexpr int turnsUntilStuck = 3000;
 
 RomikaApplication& application() { return *static_cast<RomikaApplication*>(QCoreApplication::instance()); }
 
+RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
+    parts.dialogs = &dialogs;
+    return parts;
+}
+
 } // namespace
 
-Desk::Desk(RealParts parts)
-    : dialogs(context), world((parts.dialogs = &dialogs, parts)), zormod(world.zormod),
+Desk::Desk(const RealParts& parts)
+    : world(withDialogs(parts, dialogs)), zormod(world.zormod),
       guard(zormod, [this](int status) { endStatus = status; }), modals(guard, heldKeys),
       context{zormod, guard, heldKeys, modals} {
+    dialogs.setContext(context);
     application().setGuard(&guard);
     watchSoon();
 }
@@ -42,6 +48,7 @@ void Desk::open(QWidget& form) {
 }
 
 void Desk::settle() {
+    keys.catchUp();
     for (int i = 0; i < turnsUntilSettled; ++i) {
         QCoreApplication::processEvents();
     }

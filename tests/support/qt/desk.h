@@ -25,7 +25,7 @@ class QWidget;
 class Desk {
 public:
     /// `parts` may bring the real screen and command table; its dialogs are the real ones in any case.
-    explicit Desk(RealParts parts = {});
+    explicit Desk(const RealParts& parts = {});
     ~Desk();
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;

@@ -75,20 +75,34 @@ Keyboard::Sent Keyboard::sentFor(const KeyStroke& stroke) {
 }
 
 void Keyboard::send(QEvent::Type type, const Sent& key) {
-    QWidget* widget = receiver();
-    if (widget == nullptr) {
+    catchUp();
+    if (QWidget* widget = receiver()) {
+        deliver(*widget, type, key);
+    } else if (type == QEvent::KeyRelease) {
+        lateReleases_.push_back(key);
+    } else {
         ADD_FAILURE() << "a key was pressed and no window has the keyboard";
-        return;
     }
+}
+
+void Keyboard::catchUp() {
+    while (!lateReleases_.empty() && receiver() != nullptr) {
+        const Sent key = lateReleases_.front();
+        lateReleases_.erase(lateReleases_.begin());
+        deliver(*receiver(), QEvent::KeyRelease, key);
+    }
+}
+
+void Keyboard::deliver(QWidget& widget, QEvent::Type type, const Sent& key) {
     ++time_;
     const bool asks = type == QEvent::KeyPress && key.scanCode == 0;
-    if (asks && qt_sendShortcutOverrideEvent(widget, static_cast<ulong>(time_), key.code, key.modifiers, key.text,
+    if (asks && qt_sendShortcutOverrideEvent(&widget, static_cast<ulong>(time_), key.code, key.modifiers, key.text,
                                              key.autoRepeat)) {
         return;
     }
     QKeyEvent event(type, key.code, key.modifiers, key.scanCode, 0, 0, key.text, key.autoRepeat);
     event.setTimestamp(time_);
-    QCoreApplication::sendEvent(widget, &event);
+    QCoreApplication::sendEvent(&widget, &event);
 }
 
 void Keyboard::sendModifiers(QEvent::Type type, const KeyStroke& stroke) {

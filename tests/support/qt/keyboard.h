@@ -6,6 +6,11 @@
 #include "platform/text.h"
 
 #include <QEvent>
+#include <QString>
+
+#include <vector>
+
+class QWidget;
 
 /// How a held key repeats: presses alone, or pairs of a release and a press that say they are repeats.
 enum class RepeatStyle { presses, pairs };
@@ -27,6 +32,10 @@ public:
     /// Shift and a digit of the main block, where Shift is let go before the digit.
     void shiftedDigitLetGoLate(int digit);
 
+    /// Delivers the releases for which no window was there: those of keys that closed a form. It happens by itself
+    /// before the next key.
+    void catchUp();
+
     /// An input method shows text that is being composed; an empty text gives the composition up. Nothing happens on
     /// controls without an input method.
     void compose(TextView text);
@@ -43,8 +52,10 @@ private:
     };
     static Sent sentFor(const KeyStroke& stroke);
     void send(QEvent::Type type, const Sent& key);
+    void deliver(QWidget& widget, QEvent::Type type, const Sent& key);
     void sendModifiers(QEvent::Type type, const KeyStroke& stroke);
     void sendInput(const QString& composed, const QString& committed);
 
+    std::vector<Sent> lateReleases_;
     quint64 time_ = 100000;
 };

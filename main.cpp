@@ -1,0 +1,85 @@
+// Puts the program together: the real world behind its interfaces, the one shared state, the edit screen, and the event
+// loop. Nothing is decided here.
+
+#include "app/commands.h"
+#include "app/entry.h"
+#include "app/menus.h"
+#include "edit/edit_screen.h"
+#include "edit/forms/Form1.h"
+#include "edit/input_box.h"
+#include "edit/status_update.h"
+#include "platform/code_page.h"
+#include "platform/posix/native_names.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/system_clock.h"
+#include "platform/qt/desktop_beeper.h"
+#include "platform/qt/guard.h"
+#include "platform/qt/held_keys.h"
+#include "platform/qt/keeper_clipboard.h"
+#include "platform/qt/romika_application.h"
+#include "platform/screen_link.h"
+#include "sheet/failure_recovery.h"
+#include "voice/forms/message_dialogs.h"
+#include "voice/forms/modal_runner.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTimer>
+
+namespace {
+
+/// The keeper lies beside the program itself.
+std::string keeperPath() {
+    return QFile::encodeName(QCoreApplication::applicationDirPath() + QStringLiteral("/romika-clipboard")).toStdString();
+}
+
+/// All arguments, joined by one blank: file names with blanks need no quoting.
+Text commandLine(int argc, char** argv) {
+    Text text;
+    for (int i = 1; i < argc; ++i) {
+        text += (i == 1 ? u"" : u" ") + textFromNative(argv[i]);
+    }
+    return trimmed(text);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const Text argument = commandLine(argc, argv);
+    RomikaApplication application(argc, argv);
+
+    KeeperClipboard clipboard(keeperPath());
+    SystemClock clock;
+    DesktopBeeper beeper;
+    PosixFiles files(defaultDrives(), QFile::encodeName(QDir::currentPath()).toStdString());
+    const CodePage codePage;
+    MessageDialogs dialogs;
+    ScreenLink screen;
+    CommandTable commands;
+    ZORMOD zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands});
+
+    EventGuard guard(zormod, [](int status) { QCoreApplication::exit(status); });
+    guard.setCleanup([&](const RuntimeFailure& failure) { putStateRight(zormod, failure); });
+    application.setGuard(&guard);
+    HeldKeys heldKeys;
+    ModalRunner modals(guard, heldKeys);
+    const FormContext context{zormod, guard, heldKeys, modals};
+    dialogs.setContext(context);
+
+    EditScreen edit(zormod);
+    connectPositionBoxes(edit);
+    InputBox inputBox(edit);
+    bindCommands(commands, zormod, edit, inputBox);
+    Form1 form(context, edit, inputBox, form1Menus());
+    screen.connectTo(&form);
+
+    guard.run([&] { enterProgram(zormod); });
+    form.show();
+    if (!argument.empty()) {
+        // In the event loop, so that a refusal can show its message and an end of the program ends the loop.
+        QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(edit, argument); }));
+    }
+    QApplication::exec();
+    application.setGuard(nullptr);
+    return guard.exitStatus();
+}

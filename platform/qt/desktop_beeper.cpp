@@ -1,0 +1,5 @@
+#include "platform/qt/desktop_beeper.h"
+
+#include <QApplication>
+
+void DesktopBeeper::beep() { QApplication::beep(); }

@@ -1,0 +1,212 @@
+#include "edit/side_boxes.h"
+
+#include "edit/box_labels.h"
+#include "edit/edit_world.h"
+
+namespace {
+
+/// Types a whole new text into a side box and lets Enter take it.
+void enterNumber(EditWorld& world, PanelField field, const Text& text) {
+    sideBoxKeyDown(world.edit, field, plainKey(Key::other));
+    sideBoxTyped(world.edit, field, text);
+    world.forget();
+    sideBoxKeyDown(world.edit, field, plainKey(Key::enter));
+    EXPECT_EQ(sideBoxKeyPress(world.edit, field, u'\r'), KeyOutcome::taken);
+}
+
+BoxView boxOf(const Text& text) {
+    const int end = static_cast<int>(text.size());
+    return {.text = text, .caret = end, .selectionStart = end, .selectionLength = 0};
+}
+
+TEST(SideBoxes, TheirNamesHoldTheWordForATextBox) {
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::txtREC)), "行番号ﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::txtItemnum)), "こうもく番号ﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::txtWIDTH)), "項目幅ﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::txtLR)), "さゆう配置ﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::Text1)), "項目数ﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_EQ(utf8(sideBoxLabel(PanelField::txtinputbox)), "データ入力ﾃｷｽﾄﾎﾞｯｸｽ");
+}
+
+TEST(SideBoxes, TheFocusSaysTextAndName) {
+    EditWorld world;
+    world.numbered(12, 1);
+    world.stand(12, 2);
+    sideBoxGotFocus(world.edit, PanelField::txtREC);
+    world.later();
+    sideBoxGotFocus(world.edit, PanelField::txtWIDTH);
+    world.later();
+    sideBoxGotFocus(world.edit, PanelField::txtLR);
+    EXPECT_EQ(world.takeSpoken(), (Spoken{" 12､行番号ﾃｷｽﾄﾎﾞｯｸｽ", "3､項目幅ﾃｷｽﾄﾎﾞｯｸｽ", "R､さゆう配置ﾃｷｽﾄﾎﾞｯｸｽ"}));
+}
+
+TEST(SideBoxes, TypingInThePositionBoxesSaysTheTextPastTheThrottle) {
+    EditWorld world;
+    world.numbered(12, 2);
+    sideBoxKeyDown(world.edit, PanelField::txtREC, plainKey(Key::digit1));
+    sideBoxTyped(world.edit, PanelField::txtREC, u"1");
+    sideBoxTyped(world.edit, PanelField::txtREC, u"12");
+    EXPECT_EQ(world.takeSpoken(), (Spoken{"1､行番号ﾃｷｽﾄﾎﾞｯｸｽ", "12､行番号ﾃｷｽﾄﾎﾞｯｸｽ"}));
+    EXPECT_EQ(world.record(), 1);
+}
+
+TEST(SideBoxes, TypingIsOverWhenTheFocusLeaves) {
+    EditWorld world;
+    world.numbered(12, 1);
+    sideBoxKeyDown(world.edit, PanelField::txtREC, plainKey(Key::tab));
+    sideBoxKeyDown(world.edit, PanelField::txtItemnum, plainKey(Key::tab));
+    EXPECT_TRUE(world.edit.typingInRecordBox);
+    EXPECT_TRUE(world.edit.typingInItemBox);
+    sideBoxLostFocus(world.edit, PanelField::txtREC);
+    EXPECT_FALSE(world.edit.typingInRecordBox);
+    EXPECT_TRUE(world.edit.typingInItemBox);
+    giveInputBoxFocus(world.edit);
+    EXPECT_FALSE(world.edit.typingInItemBox);
+}
+
+TEST(SideBoxes, EnterInTheRecordBoxGoesToTheRecord) {
+    EditWorld world;
+    world.numbered(50);
+    world.stand(3, 1);
+    world.type(u"new");
+    world.zormod.input.idAutoOn = 1;
+    enterNumber(world, PanelField::txtREC, u"４０");
+    EXPECT_EQ(world.record(), 40);
+    EXPECT_EQ(world.item(), 1);
+    EXPECT_EQ(utf8(world.edit.txtREC.text()), " 40");
+    EXPECT_EQ(world.onDisk(3), "    new          ");
+    EXPECT_EQ(world.zormod.position.windowFirst, 31);
+    EXPECT_EQ(world.zormod.input.idAutoOn, 0);
+    EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+    EXPECT_EQ(world.typed(), "");
+    EXPECT_FALSE(world.edit.typingInRecordBox);
+}
+
+TEST(SideBoxes, TheRecordBoxStillCountsAsTypedInWhenEnterHasMovedTheRecord) {
+    EditWorld world;
+    world.numbered(50, 1);
+    enterNumber(world, PanelField::txtREC, u"40");
+    EXPECT_EQ(world.takeSpoken(), Spoken{" 40､行番号ﾃｷｽﾄﾎﾞｯｸｽ"});
+}
+
+TEST(SideBoxes, ARecordNumberOutsideTheFileBeepsAndGivesTheOldOneBack) {
+    EditWorld world;
+    world.numbered(50);
+    world.stand(3, 1);
+    for (const TextView number : {u"0", u"51", u"-1", u"99999999999", u"abc"}) {
+        world.screen.focus = PanelField::txtREC;
+        enterNumber(world, PanelField::txtREC, Text(number));
+        EXPECT_EQ(world.beeper.count, 1) << utf8(number);
+        EXPECT_EQ(utf8(world.edit.txtREC.text()), " 3");
+        EXPECT_EQ(utf8(world.screen.fields[PanelField::txtREC]), " 3");
+        EXPECT_EQ(world.record(), 3);
+        EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+    }
+}
+
+TEST(SideBoxes, ABadRecordNumberLeavesWhatIsTypedInTheInputBox) {
+    EditWorld world;
+    world.numbered(50);
+    world.type(u"new");
+    enterNumber(world, PanelField::txtREC, u"51");
+    EXPECT_EQ(world.typed(), "new");
+}
+
+TEST(SideBoxes, EnterInTheItemBoxGoesToTheItem) {
+    EditWorld world;
+    world.numbered(5);
+    world.stand(2, 1);
+    world.type(u"new");
+    enterNumber(world, PanelField::txtItemnum, u"2");
+    EXPECT_EQ(world.item(), 2);
+    EXPECT_EQ(world.record(), 2);
+    EXPECT_EQ(world.cell(1), "new       ");
+    EXPECT_EQ(world.onDisk(2), "    n2           ");
+    EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+    enterNumber(world, PanelField::txtItemnum, u"0");
+    EXPECT_EQ(world.item(), 0);
+}
+
+TEST(SideBoxes, ANumberThatIsNoItemBeepsWhileItIsTyped) {
+    EditWorld world;
+    world.numbered(5, 1);
+    world.stand(2, 1);
+    for (const TextView number : {u"3", u"-1", u"99999"}) {
+        world.forget();
+        sideBoxTyped(world.edit, PanelField::txtItemnum, Text(number));
+        EXPECT_EQ(world.beeper.count, 1) << utf8(number);
+        EXPECT_EQ(utf8(world.edit.txtItemnum.text()), "1");
+    }
+    sideBoxTyped(world.edit, PanelField::txtItemnum, u"２");
+    EXPECT_EQ(world.beeper.count, 1);
+    EXPECT_EQ(utf8(world.edit.txtItemnum.text()), "２");
+    EXPECT_EQ(world.item(), 1);
+}
+
+TEST(SideBoxes, TheReadingKeysNameThePositionBoxes) {
+    EditWorld world;
+    world.numbered(5, 1);
+    int lastSelLength = 0;
+    sideBoxKeyUp(world.edit, PanelField::txtREC, shiftKey(Key::pageDown), boxOf(u" 1"), lastSelLength);
+    world.later();
+    sideBoxKeyUp(world.edit, PanelField::txtREC, ctrlShiftKey(Key::s), boxOf(u" 1"), lastSelLength);
+    world.later();
+    sideBoxKeyUp(world.edit, PanelField::txtItemnum, ctrlShiftKey(Key::s), boxOf(u"0"), lastSelLength);
+    world.later();
+    sideBoxKeyUp(world.edit, PanelField::txtWIDTH, ctrlShiftKey(Key::s), boxOf(u"4"), lastSelLength);
+    EXPECT_EQ(world.takeSpoken(), (Spoken{"記録番号テキストボックス。 1", "記録番号テキストボックス。 1",
+                                          "項目番号テキストボックス。0", "4､項目幅ﾃｷｽﾄﾎﾞｯｸｽ"}));
+}
+
+TEST(SideBoxes, TheItemBoxSaysItsTextOnEveryKeyUp) {
+    EditWorld world;
+    world.numbered(5, 1);
+    int lastSelLength = 0;
+    sideBoxKeyUp(world.edit, PanelField::txtItemnum, plainKey(Key::digit2), boxOf(u"2"), lastSelLength);
+    world.later();
+    sideBoxKeyUp(world.edit, PanelField::txtREC, plainKey(Key::digit2), boxOf(u"2"), lastSelLength);
+    EXPECT_EQ(world.takeSpoken(), Spoken{"2､"});
+}
+
+TEST(SideBoxes, EnterInTheWidthAndAlignmentBoxesStartsTheirChange) {
+    EditWorld world;
+    world.numbered(5);
+    EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtWIDTH, u'\r'), KeyOutcome::taken);
+    EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtLR, u'\r'), KeyOutcome::taken);
+    EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtLR, u'R'), KeyOutcome::goesOn);
+    EXPECT_EQ(world.commandsRun(), (Spoken{"mnuFLN", "changeAlignment"}));
+}
+
+TEST(SideBoxes, EnterInTheMemoGivesTheInputBoxTheFocus) {
+    EditWorld world;
+    world.numbered(5);
+    world.screen.focus = PanelField::RichTextBox2;
+    EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::RichTextBox2, u'\r'), KeyOutcome::taken);
+    EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+}
+
+TEST(SideBoxes, AMemoThatDiffersIsWritten) {
+    EditWorld world;
+    world.numbered(5);
+    const std::string before = world.bytesOf("kt.txt");
+    ASSERT_NE(before, "");
+    memoLeft(world.edit, u"memo");
+    EXPECT_EQ(world.bytesOf("kt.txt"), before);
+    memoLeft(world.edit, u"ABC");
+    EXPECT_EQ(utf8(world.zormod.file.tableMemo), "ABC");
+    EXPECT_NE(world.bytesOf("kt.txt").find("ABC"), std::string::npos);
+    showCurrentCell(world.edit);
+    EXPECT_EQ(utf8(world.edit.RichTextBox2), "ABC");
+}
+
+TEST(SideBoxes, WithoutATableEnterBeepsAndTheMemoIsLeftAlone) {
+    EditWorld world;
+    enterNumber(world, PanelField::txtREC, u"1");
+    enterNumber(world, PanelField::txtItemnum, u"0");
+    EXPECT_EQ(world.beeper.count, 1);
+    memoLeft(world.edit, u"x");
+    EXPECT_EQ(utf8(world.zormod.file.tableMemo), "");
+    EXPECT_EQ(world.bytesOf("K"), "");
+}
+
+} // namespace

@@ -1,0 +1,66 @@
+#include "support/qt/edit_desk.h"
+
+#include "app/menus.h"
+#include "edit/status_update.h"
+#include "sheet/cell.h"
+#include "sheet/record_window.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <gtest/gtest.h>
+
+EditDesk::EditDesk()
+    : Desk({.screen = &link, .commands = &commands}), edit(zormod), box(edit),
+      form(context, edit, box, form1Menus()) {
+    link.connectTo(&form);
+    connectPositionBoxes(edit);
+    bindCommands(commands, zormod, edit, box);
+    form.showReadingMode(zormod.speech.speechMode);
+}
+
+void EditDesk::openTable(const std::vector<TestWorld::Item>& items,
+                         const std::vector<std::vector<std::u16string_view>>& records) {
+    world.table(items, records);
+    updateTitle(zormod);
+    open(form);
+    showOpenedTable(edit);
+    settle();
+    spoken();
+    world.later();
+}
+
+void EditDesk::key(const KeyStroke& stroke) {
+    world.later();
+    keys.press(stroke);
+    settle();
+}
+
+std::vector<std::string> EditDesk::spokenBy(const KeyStroke& stroke) {
+    spoken();
+    key(stroke);
+    return spoken();
+}
+
+QWidget* EditDesk::part(const char* name) {
+    auto* found = form.findChild<QWidget*>(QLatin1StringView(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+QWidget* EditDesk::partOf(const char* view, const char* name) {
+    auto* found = part(view)->findChild<QWidget*>(QLatin1StringView(name));
+    EXPECT_NE(found, nullptr) << view << "." << name;
+    return found;
+}
+
+std::string EditDesk::text(const char* name) {
+    const QWidget* widget = part(name);
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
+        return line->text().toStdString();
+    }
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    return label == nullptr ? std::string() : label->text().toStdString();
+}
+
+std::string EditDesk::cell(int item) { return utf8(getCell(zormod, item)); }

@@ -1,0 +1,42 @@
+#pragma once
+// A desk with the edit screen on it: the real Form1, its logic and the real command table, put together as main does it.
+
+#include "app/commands.h"
+#include "edit/edit_screen.h"
+#include "edit/forms/Form1.h"
+#include "edit/input_box.h"
+#include "platform/screen_link.h"
+#include "support/qt/desk.h"
+
+#include <memory>
+
+/// What the shared state refers to and so must exist before it.
+struct EditDeskParts {
+    ScreenLink link;
+    CommandTable commands;
+};
+
+/// The edit screen, not yet shown and without a table.
+struct EditDesk : EditDeskParts, Desk {
+    EditDesk();
+
+    /// Makes a table, opens it as the program does, and shows the window. Forgets what was spoken meanwhile.
+    void openTable(const std::vector<TestWorld::Item>& items,
+                   const std::vector<std::vector<std::u16string_view>>& records);
+    /// Presses a key after a pause that lets its reading pass the throttle.
+    void key(const KeyStroke& stroke);
+    /// The texts spoken by one key.
+    std::vector<std::string> spokenBy(const KeyStroke& stroke);
+    /// A control of Form1's panel, or a view, by its name.
+    QWidget* part(const char* name);
+    /// A control of a view.
+    QWidget* partOf(const char* view, const char* name);
+    /// Text that a box of the panel shows.
+    std::string text(const char* name);
+    /// Cell of the current record as the window has it.
+    std::string cell(int item);
+
+    EditScreen edit;
+    InputBox box;
+    Form1 form;
+};
