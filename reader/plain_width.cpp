@@ -1,5 +1,7 @@
 #include "reader/plain_width.h"
 
+#include "platform/number_text.h"
+
 #include <cstddef>
 
 namespace {
@@ -36,7 +38,14 @@ bool joinVoicing(Text& out, char16_t mark) {
     return true;
 }
 
+/// Two ways of writing one kanji, the rarer of which the dictionary doesn't know.
+constexpr TextView rareForms = u"髙﨑德淸濵邊邉齋齊";
+constexpr TextView usualForms = u"高崎徳清浜辺辺斎斉";
+static_assert(rareForms.size() == usualForms.size());
+
 char16_t plainForm(char16_t c) {
+    if (const std::size_t form = rareForms.find(c); form != TextView::npos)
+        return usualForms[form];
     if (c >= firstHalf && c <= lastHalf)
         return fullForms[c - firstHalf];
     if (c > u'\uFF00' && c < u'\uFF5F')
@@ -50,12 +59,25 @@ char16_t plainForm(char16_t c) {
     return c;
 }
 
+/// The number that is one character with its ring, or a Roman one; empty if it is none.
+Text circledNumber(char16_t c) {
+    if (c >= u'①' && c <= u'⑳')
+        return plainNumber(c - u'①' + 1);
+    if (c >= u'Ⅰ' && c <= u'Ⅻ')
+        return plainNumber(c - u'Ⅰ' + 1);
+    return {};
+}
+
 } // namespace
 
 Text plainWidth(TextView text) {
     Text out;
     out.reserve(text.size());
     for (const char16_t c : text) {
+        if (const Text number = circledNumber(c); !number.empty()) {
+            out += number;
+            continue;
+        }
         if ((isVoicing(c) || isHalfVoicing(c)) && joinVoicing(out, c))
             continue;
         out += plainForm(c);

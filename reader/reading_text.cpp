@@ -3,6 +3,7 @@
 #include "platform/utf8.h"
 #include "reader/plain_width.h"
 #include "reader/sign_names.h"
+#include "reader/table_words.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -39,7 +40,7 @@ bool endsWithPause(const Text& out) {
     return out.ends_with(longPause) || out.ends_with(shortPause);
 }
 
-/// Puts words side by side: pauses swallow blanks and shorter pauses before them.
+/// Puts sounds side by side: pauses swallow blanks and shorter pauses before them.
 class KanaLine {
 public:
     void sound(TextView kana) {
@@ -59,7 +60,12 @@ public:
             out_ += mark;
     }
     bool endsWithDigit() const { return !gap_ && !out_.empty() && isDigit(out_.back()); }
-    Text take() { return std::move(out_); }
+    /// A short pause at the end would only make the next text come later.
+    Text take() {
+        if (out_.ends_with(shortPause))
+            out_.pop_back();
+        return std::move(out_);
+    }
 
 private:
     Text out_;
@@ -70,33 +76,58 @@ bool isPronounceable(TextView kana) {
     return !kana.empty() && std::ranges::all_of(kana, isKatakana);
 }
 
-/// The characters of a text in which each word was replaced by its pronunciation, with `sounds` telling them apart.
+/// A text in which each word that has one was replaced by its pronunciation, and which characters came from that.
 struct Reading {
     Text text;
     std::vector<bool> isPronunciation;
 };
 
-Text pronunciation(const SpokenWord& word) {
+Text pronunciation(const SpokenWord& word, bool isBehindDigit) {
     // The object particle is written with a kana of its own and sounds like o.
     if (word.kind == u"助詞" && word.pronounced == u"ヲ")
         return u"オ";
-    return word.pronounced;
+    const TextView own = readingInTables(word.written, word.pronounced, isBehindDigit);
+    return own.empty() ? word.pronounced : Text(own);
 }
 
 Reading readingOf(const std::vector<SpokenWord>& words) {
     Reading reading;
     for (const SpokenWord& word : words) {
-        const Text kana = pronunciation(word);
+        const bool isBehindDigit = !reading.text.empty() && isDigit(reading.text.back());
+        const Text kana = pronunciation(word, isBehindDigit);
         // The dictionary has words for signs and single letters too; those have names of our own.
         const bool known = isPronounceable(kana) && std::ranges::none_of(word.written, [](char16_t c) {
                                return isDigit(c) || isLatin(c) || !signName(c).empty();
                            });
-        const Text& chosen = known ? kana : word.written;
+        // The blanks in front of a word come with it.
+        const std::size_t blanks = std::min(word.written.find_first_not_of(u' '), word.written.size());
+        const Text chosen = known ? word.written.substr(0, blanks) + kana : word.written;
         reading.text += chosen;
         for (const char16_t c : chosen)
             reading.isPronunciation.push_back(known && c != u' ');
     }
     return reading;
+}
+
+/// The Latin word that begins at `at`; empty in the middle of a word and where there is none.
+TextView latinWordAt(TextView text, std::size_t at) {
+    if (at > 0 && isLatin(text[at - 1]))
+        return {};
+    std::size_t end = at;
+    while (end < text.size() && isLatin(text[end]))
+        ++end;
+    return text.substr(at, end - at);
+}
+
+/// True if the minus or dash at `at` is the sign of a number.
+bool isMinus(TextView text, std::size_t at) {
+    const bool isFirst = at == 0 || !(isDigit(text[at - 1]) || isLatin(text[at - 1]) || isKatakana(text[at - 1]));
+    return text[at] == u'-' && isFirst && at + 1 < text.size() && isDigit(text[at + 1]);
+}
+
+/// True if it stands for a long vowel: typists without that mark at hand take the minus that looks like it.
+bool isLongVowel(TextView text, std::size_t at) {
+    return text[at] == u'-' && at > 0 && isKatakana(text[at - 1]) && at + 1 < text.size() && isKatakana(text[at + 1]);
 }
 
 /// Says what stands at `at` where it is no plain sound; returns how many characters that were.
@@ -116,11 +147,13 @@ std::size_t saySign(KanaLine& line, TextView text, std::size_t at) {
     }
     if (c == u',' && digitBefore && digitBehind)
         return 1;
-    if (c == u'-' && !digitBefore && digitBehind) {
+    if (isLongVowel(text, at))
+        line.sound(u"ー");
+    else if (isMinus(text, at))
         line.sound(u"マイナス");
-        return 1;
-    }
-    if (const TextView name = signName(c); !name.empty())
+    else if (c == u'~' && digitBefore)
+        line.sound(u"カラ");
+    else if (const TextView name = signName(c); !name.empty())
         line.sound(name);
     else if (isKanji(c) || isRareKanji(c))
         line.sound(u"カンジ");
@@ -139,8 +172,12 @@ Text kanaOf(const std::vector<SpokenWord>& words) {
     KanaLine line;
     for (std::size_t at = 0; at < text.size();) {
         const char16_t c = text[at];
+        const TextView latin = latinWordAt(text, at);
         if (reading.isPronunciation[at] || isKatakana(c) || isDigit(c)) {
             line.sound(text.substr(at++, 1));
+        } else if (const TextView name = latinWordName(latin); !name.empty()) {
+            line.sound(name);
+            at += latin.size();
         } else if (isHiragana(c)) {
             const auto katakana = static_cast<char16_t>(c + (u'ア' - u'あ'));
             line.sound(TextView(&katakana, 1));

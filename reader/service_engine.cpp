@@ -2,6 +2,7 @@
 
 #include "platform/number_text.h"
 #include "platform/utf8.h"
+#include "reader/table_words.h"
 
 #include <array>
 #include <utility>
@@ -69,7 +70,7 @@ void ServiceEngine::sendNextPiece() {
     }
     std::string told = toUtf8(piece);
     if (wantsKana_) {
-        const auto words = mecab_.wordsOf(piece);
+        const auto words = mecab_.wordsOf(withTableReadings(piece));
         if (!words)
             return fail(State::failed);
         told = toUtf8(kanaOf(*words));

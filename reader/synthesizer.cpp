@@ -2,6 +2,7 @@
 
 #include "platform/number_text.h"
 #include "platform/utf8.h"
+#include "reader/table_words.h"
 
 #include <algorithm>
 #include <array>
@@ -56,7 +57,7 @@ bool EspeakSynthesizer::isInstalled() const {
 }
 
 std::optional<SynthesisOrder> EspeakSynthesizer::orderFor(TextView piece, int speed) {
-    const auto words = mecab_.wordsOf(piece);
+    const auto words = mecab_.wordsOf(withTableReadings(piece));
     if (!words)
         return std::nullopt;
     const std::string kana = toUtf8(kanaOf(*words));

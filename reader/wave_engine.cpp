@@ -74,6 +74,7 @@ bool WaveEngine::passOn() {
     log_.add("end", "");
     stop();
     saidAll_ = true;
+    toldSilence_ = false;
     return true;
 }
 
@@ -108,7 +109,6 @@ bool WaveEngine::passSamples() {
     const std::size_t taken = output_.write(samples_);
     if (taken > 0 && !isHeard_) {
         isHeard_ = true;
-        toldSilence_ = false;
         log_.add("sound", name());
     }
     samples_.erase(0, taken);
