@@ -27,8 +27,21 @@ void Speaker::speak(const std::string& text) {
     }
     if (hasGivenUp())
         return;
-    engines_[current_]->speak(text_, speed_);
+    begin(text_);
     work(std::chrono::steady_clock::now());
+}
+
+void Speaker::begin(const std::string& text) {
+    announce();
+    engines_[current_]->speak(text, speed_);
+}
+
+/// Tells the log once which engine speaks, as soon as that is sure.
+void Speaker::announce() {
+    if (isAnnounced_ || !engines_[current_]->isDecided())
+        return;
+    log_.add("engine", engines_[current_]->name());
+    isAnnounced_ = true;
 }
 
 void Speaker::stop() {
@@ -49,12 +62,10 @@ void Speaker::work(TimePoint now) {
             replaceEngine();
             continue;
         }
+        if (!text_.empty())
+            announce();
         if (engine.state() == Engine::State::idle)
             text_.clear();
-        if (engine.state() == Engine::State::speaking && !isAnnounced_) {
-            log_.add("engine", engine.name());
-            isAnnounced_ = true;
-        }
         return;
     }
 }
@@ -76,7 +87,7 @@ void Speaker::replaceEngine() {
                     " takes its place. 音声を切り替えました。");
     if (hasGivenUp() || text_.empty())
         return;
-    engines_[current_]->speak(hasFailed ? spokenNotice + text_ : text_, speed_);
+    begin(hasFailed ? spokenNotice + text_ : text_);
 }
 
 void Speaker::watch(std::vector<pollfd>& watched) const {

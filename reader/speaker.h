@@ -34,6 +34,8 @@ public:
     void work(TimePoint now);
 
 private:
+    void begin(const std::string& text);
+    void announce();
     void replaceEngine();
 
     std::vector<std::unique_ptr<Engine>> engines_;
