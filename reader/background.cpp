@@ -25,6 +25,8 @@ Background Background::enter() {
 }
 
 void Background::report(int status) {
+    if (!foreground_.isOpen())
+        return;
     const char byte = static_cast<char>(status);
     const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})

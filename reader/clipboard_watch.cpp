@@ -55,15 +55,25 @@ std::optional<TimePoint> ClipboardWatch::deadline() const {
 }
 
 void ClipboardWatch::work(TimePoint now) {
+    if (reading_.isUnderWay() && reading_.deadline() <= now)
+        reading_.cancel();
+    // Sending may bring in events, and those do not wake up the loop's poll.
+    do {
+        x_->flush();
+    } while (handleEvents(now));
+}
+
+/// True if there was an event.
+bool ClipboardWatch::handleEvents(TimePoint now) {
+    bool any = false;
     while (const XEvent event = x_->nextEvent()) {
+        any = true;
         if (kindOf(*event) == changeEvent_)
             ownerChanged(as<xcb_xfixes_selection_notify_event_t>(*event).owner, now);
         else
             reading_.handle(*event);
     }
-    if (reading_.isUnderWay() && reading_.deadline() <= now)
-        reading_.cancel();
-    x_->flush();
+    return any;
 }
 
 void ClipboardWatch::ownerChanged(xcb_window_t owner, TimePoint now) {

@@ -31,6 +31,7 @@ public:
 
 private:
     ClipboardWatch(std::unique_ptr<XConnection> x, std::uint8_t changeEvent);
+    bool handleEvents(TimePoint now);
     void ownerChanged(xcb_window_t owner, TimePoint now);
 
     std::unique_ptr<XConnection> x_;

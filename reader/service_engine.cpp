@@ -15,6 +15,7 @@ namespace {
 constexpr std::chrono::seconds patienceWithStart{4};
 constexpr std::chrono::seconds patienceWithBeginning{3};
 constexpr std::chrono::seconds patienceWithPiece{90};
+constexpr std::chrono::milliseconds pauseBeforeRepeating{150};
 constexpr std::array<int, 10> rates{-80, -60, -40, -20, 0, 20, 40, 60, 80, 100};
 constexpr std::size_t mostAnswerBytes = 4096;
 
@@ -55,6 +56,7 @@ void ServiceEngine::stop() {
     state_ = State::idle;
     rest_ = {};
     message_.clear();
+    isWaitingToRepeat_ = false;
     if (isReady_)
         deadline_.reset();
 }
@@ -68,19 +70,26 @@ void ServiceEngine::sendNextPiece() {
         deadline_.reset();
         return;
     }
-    std::string told = toUtf8(piece);
+    piece_ = toUtf8(piece);
     if (wantsKana_) {
         const auto words = mecab_.wordsOf(withTableReadings(piece));
         if (!words)
             return fail(State::failed);
-        told = toUtf8(kanaOf(*words));
+        piece_ = toUtf8(kanaOf(*words));
+        if (piece_.empty())
+            return sendNextPiece();
     }
-    log_.add("kana", told);
+    log_.add("kana", piece_);
+    sendPiece();
+}
+
+void ServiceEngine::sendPiece() {
+    isWaitingToRepeat_ = false;
     message_.clear();
     ++unanswered_;
     deadline_ = steady_clock::now() + patienceWithBeginning;
     const std::string rate = toUtf8(plainNumber(rates.at(static_cast<std::size_t>(speed_))));
-    if (!child_->write("say " + rate + " " + told + "\n"))
+    if (!child_->write("say " + rate + " " + piece_ + "\n"))
         fail(State::failed);
 }
 
@@ -102,6 +111,8 @@ void ServiceEngine::receive(std::string_view answer) {
         begun_ = value;
     else if (word == "end")
         ended_ = value;
+    else if (word == "cancelled")
+        cancelled_ = value;
     else if (word == "said" && --unanswered_ == 0)
         message_ = value;
     if (state_ == State::speaking && !message_.empty())
@@ -114,10 +125,14 @@ void ServiceEngine::goOn() {
         return fail(State::failed);
     if (message_ == begun_ && !std::exchange(isHeard_, true))
         log_.add("sound", name());
-    if (message_ == begun_)
+    if (message_ == begun_ && !isWaitingToRepeat_)
         deadline_ = steady_clock::now() + patienceWithPiece;
     if (message_ == ended_)
-        sendNextPiece();
+        return sendNextPiece();
+    if (message_ == cancelled_ && !isWaitingToRepeat_) {
+        isWaitingToRepeat_ = true;
+        deadline_ = steady_clock::now() + pauseBeforeRepeating;
+    }
 }
 
 void ServiceEngine::fail(State state) {
@@ -125,6 +140,7 @@ void ServiceEngine::fail(State state) {
     isReady_ = false;
     unanswered_ = 0;
     message_.clear();
+    isWaitingToRepeat_ = false;
     deadline_.reset();
     state_ = state;
 }
@@ -138,7 +154,9 @@ void ServiceEngine::work(TimePoint now) {
         received_.erase(0, end + 1);
         receive(answer);
     }
-    if (child_ && (!isOpen || received_.size() >= mostAnswerBytes || (deadline_ && *deadline_ <= now)))
+    if (child_ && isOpen && isWaitingToRepeat_ && *deadline_ <= now)
+        sendPiece();
+    else if (child_ && (!isOpen || received_.size() >= mostAnswerBytes || (deadline_ && *deadline_ <= now)))
         fail(State::failed);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // The desktop's speech service as an engine. The service's library may wait for a long time and starts threads, so it
 // lives in a process of its own, the reader's helper (speech_service.h), and this engine only talks to that process.
-// It cuts off by telling the service to cancel what the helper itself has said.
+// It cuts off by telling the service to cancel what the helper itself has said, and gives way to whatever else speaks
+// through the service: a screen reader keeps its voice, and what it interrupts is said again behind it.
 
 #include "reader/child_process.h"
 #include "reader/engine.h"
@@ -27,6 +28,7 @@ public:
 
 private:
     void sendNextPiece();
+    void sendPiece();
     void receive(std::string_view answer);
     void goOn();
     void fail(State state);
@@ -44,9 +46,12 @@ private:
     std::string_view rest_;
     int speed_ = usualSpeed;
     std::string received_;
-    int unanswered_ = 0;  ///< pieces whose number the service has not told yet
-    std::string message_; ///< the service's number of the piece under way; empty while unknown
-    std::string begun_;   ///< the number of the last piece that was begun
-    std::string ended_;   ///< and of the last that was ended
+    int unanswered_ = 0;             ///< pieces whose number the service has not told yet
+    std::string message_;            ///< the service's number of the piece under way; empty while unknown
+    std::string begun_;              ///< the number of the last piece that was begun
+    std::string cancelled_;          ///< and of the last that was cancelled, by whomever
+    bool isWaitingToRepeat_ = false; ///< the piece gave way to another program and is said again at the deadline
+    std::string piece_;              ///< under way, as the service is given it
+    std::string ended_;              ///< and of the last that was ended
     std::optional<TimePoint> deadline_;
 };

@@ -29,10 +29,13 @@ struct Voice {
     char* variant;
 };
 
+constexpr std::string_view kanaModule = "espeak-ng";
 constexpr int threadedMode = 1;
-constexpr int textPriority = 3;
+// Each higher priority would cut off what other programs, a screen reader say, speak through the service.
+constexpr int politePriority = 4;
 constexpr int notifyBegin = 1;
 constexpr int notifyEnd = 2;
+constexpr int notifyCancel = 8;
 
 /// The library's functions that are used here.
 struct Library {
@@ -73,15 +76,17 @@ bool hasJapaneseVoice(const Library& library, Connection* connection) {
     return false;
 }
 
-/// The module to speak with: one that reads kanji rather than one of the eSpeak family, which needs kana.
+/// The module to speak with: one that reads kanji if there is one, else eSpeak NG, which needs kana; empty if neither
+/// is there. eSpeak NG always has its Japanese voice, and listing its thousands of others would take seconds.
 std::string chooseModule(const Library& library, Connection* connection) {
     std::string chosen;
     char** modules = library.listModules(connection);
     for (; modules != nullptr && *modules != nullptr; ++modules) {
         const std::string module = *modules;
-        const bool isBetter = chosen.empty() || chosen.starts_with("espeak");
-        if (isBetter && library.setModule(connection, module.c_str()) == 0 && hasJapaneseVoice(library, connection))
+        if (module == kanaModule)
             chosen = module;
+        else if (library.setModule(connection, module.c_str()) == 0 && hasJapaneseVoice(library, connection))
+            return module;
     }
     return chosen;
 }
@@ -96,6 +101,9 @@ void begun(std::size_t message, std::size_t, int) {
 void ended(std::size_t message, std::size_t, int) {
     tell("end", message);
 }
+void cancelled(std::size_t message, std::size_t, int) {
+    tell("cancelled", message);
+}
 
 void carryOut(const Library& library, Connection* connection, const std::string& order) {
     if (order == "cancel") {
@@ -107,7 +115,7 @@ void carryOut(const Library& library, Connection* connection, const std::string&
     if (!order.starts_with("say ") || rate == 0 || text == 0)
         return;
     library.setRate(connection, static_cast<int>(Val(fromUtf8(order.substr(rate, text - rate - 1)))));
-    const int message = library.say(connection, textPriority, order.substr(text).c_str());
+    const int message = library.say(connection, politePriority, order.substr(text).c_str());
     tell("said", static_cast<std::size_t>(std::max(message, 0)));
 }
 
@@ -125,8 +133,10 @@ int runSpeechService() {
     library.setLanguage(connection, "ja");
     connection->begin = begun;
     connection->end = ended;
+    connection->cancel = cancelled;
     library.setNotificationOn(connection, notifyBegin);
     library.setNotificationOn(connection, notifyEnd);
+    library.setNotificationOn(connection, notifyCancel);
     printLine(STDOUT_FILENO, module.starts_with("espeak") ? "ready kana" : "ready text");
     for (std::string order; std::getline(std::cin, order);)
         carryOut(library, connection, order);

@@ -168,6 +168,15 @@ TEST(ReaderCommand, TheSpeechServiceIsTakenWhenItHasAJapaneseVoice) {
     EXPECT_THAT(folder.events("notice"), IsEmpty());
 }
 
+TEST(ReaderCommand, ATextThatGivesWayToAScreenReaderIsSaidBehindIt) {
+    EngineFolder folder;
+    FakeService service(folder, "busy");
+    int status = -1;
+    EXPECT_EQ(outputOfReader(folder, "--say 検索", &status), "");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(folder.read("service"), "rate 0\nsay better 検索\nrate 0\nsay better 検索\n");
+}
+
 TEST(ReaderCommand, AServiceOfTheEspeakFamilyIsGivenKana) {
     EngineFolder folder;
     FakeService service(folder, "kana");

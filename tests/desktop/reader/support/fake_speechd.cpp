@@ -1,6 +1,7 @@
 // A library that plays the client side of the desktop's speech service. FAKE_SPEECHD says how: "none" (there is no
 // service), "kana" (only a voice of the eSpeak family), "text" (also a better Japanese voice), "english" (no Japanese
-// voice), "hang" (never answers), "silent" (takes texts and never speaks them). What it is asked to do goes into the file
+// voice), "hang" (never answers), "silent" (takes texts and never speaks them), "busy" (as "text", but
+// another program speaks while the first text comes). What it is asked to do goes into the file
 // FAKE_SPEECHD_LOG.
 
 #include <cstdlib>
@@ -49,14 +50,17 @@ Connection* spd_open(const char*, const char*, const char*, int) {
 const char** spd_list_modules(Connection*) {
     static const char* all[] = {"espeak-ng", "better", nullptr};
     static const char* few[] = {"espeak-ng", nullptr};
-    return is("text") ? all : few;
+    static const char* other[] = {"other", nullptr};
+    return is("text") || is("busy") ? all : is("english") ? other : few;
 }
 
-const Voice** spd_list_synthesis_voices(Connection*) {
+const Voice** spd_list_synthesis_voices(Connection* connection) {
     static const Voice english{"Mary", "en", "none"};
     static const Voice japanese{"Hanako", "ja", "none"};
     static const Voice* both[] = {&english, &japanese, nullptr};
     static const Voice* one[] = {&english, nullptr};
+    if (connection->module == "espeak-ng")
+        tell("thousands of voices");
     return is("english") ? one : both;
 }
 
@@ -75,10 +79,13 @@ int spd_cancel(Connection*) {
     return 0;
 }
 
-int spd_say(Connection* connection, int, const char* text) {
-    tell("say " + connection->module + " " + text);
+int spd_say(Connection* connection, int priority, const char* text) {
+    constexpr int notification = 4;
+    tell((priority == notification ? "say " : "say rudely ") + connection->module + " " + text);
     const std::size_t message = ++connection->messages;
-    if (!is("silent"))
+    if (is("busy") && message == 1)
+        connection->cancel(message, 1, 8);
+    else if (!is("silent"))
         std::thread([connection, message] {
             connection->begin(message, 1, 1);
             connection->end(message, 1, 2);
