@@ -11,7 +11,8 @@ public:
     /// background half, in a session of its own, returns.
     static Background enter();
 
-    /// Lets the foreground half end with `status`, and lets go of its streams and its folder. A second report does nothing.
+    /// Lets the foreground half end with `status`, and lets go of its streams and its folder. A second report does
+    /// nothing.
     void report(int status);
 
 private:

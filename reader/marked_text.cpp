@@ -2,6 +2,8 @@
 
 #include "platform/utf8.h"
 
+#include <utility>
+
 namespace {
 
 constexpr TextView speechMark = u"。｡.";
@@ -15,16 +17,16 @@ std::string speedMark(int speed) {
 
 } // namespace
 
-ClipboardRequest requestIn(std::string_view utf8) {
+ClipboardRequest requestIn(std::string utf8) {
     const std::string mark = toUtf8(speechMark);
     if (!utf8.ends_with(mark))
         return {};
-    utf8.remove_suffix(mark.size());
+    utf8.resize(utf8.size() - mark.size());
     if (utf8.empty())
         return {ClipboardRequest::Kind::silence};
     for (int speed = 0; speed < speedCount; ++speed) {
         if (utf8 == speedMark(speed))
             return {ClipboardRequest::Kind::speed, speed};
     }
-    return {ClipboardRequest::Kind::speech, 0, std::string(utf8)};
+    return {ClipboardRequest::Kind::speech, 0, std::move(utf8)};
 }

@@ -3,7 +3,6 @@
 // the mark is somebody's own and is never looked at any further.
 
 #include <string>
-#include <string_view>
 
 /// What is to be done about a clipboard text.
 struct ClipboardRequest {
@@ -19,4 +18,4 @@ struct ClipboardRequest {
 };
 
 /// Reads a clipboard text in UTF-8. Any bytes are allowed.
-ClipboardRequest requestIn(std::string_view utf8);
+ClipboardRequest requestIn(std::string utf8);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <csignal>
 #include <sys/signalfd.h>
+#include <utility>
 
 using std::chrono::steady_clock;
 
@@ -20,7 +21,7 @@ Descriptor takeEndingSignals() {
     return Descriptor(signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-void carryOut(const ClipboardRequest& request, Speaker& speaker, EventLog& log) {
+void carryOut(ClipboardRequest request, Speaker& speaker, EventLog& log) {
     switch (request.kind) {
     case ClipboardRequest::Kind::none:
         return;
@@ -33,7 +34,7 @@ void carryOut(const ClipboardRequest& request, Speaker& speaker, EventLog& log) 
         return speaker.setSpeed(request.speed);
     case ClipboardRequest::Kind::speech:
         log.add("text", request.text);
-        return speaker.speak(request.text);
+        return speaker.speak(std::move(request.text));
     }
 }
 
@@ -59,8 +60,8 @@ bool watchClipboard(ClipboardWatch& clipboard, Speaker& speaker, EventLog& log, 
     while (!clipboard.isOver()) {
         const TimePoint now = steady_clock::now();
         clipboard.work(now);
-        if (const auto text = clipboard.takeText())
-            carryOut(requestIn(*text), speaker, log);
+        if (auto text = clipboard.takeText())
+            carryOut(requestIn(std::move(*text)), speaker, log);
         speaker.work(now);
         if (!isReady && speaker.isDecided()) {
             if (speaker.hasGivenUp())

@@ -1,5 +1,7 @@
 #include "reader/speaker.h"
 
+#include <utility>
+
 namespace {
 
 constexpr const char* spokenNotice = "音声を切り替えました。";
@@ -17,9 +19,9 @@ void Speaker::prepare() {
         replaceEngine();
 }
 
-void Speaker::speak(const std::string& text) {
+void Speaker::speak(std::string text) {
     stop();
-    text_ = text;
+    text_ = std::move(text);
     if (hasGivenUp()) {
         current_ = 0;
         isAnnounced_ = false;

@@ -17,7 +17,7 @@ public:
 
     /// Starts the first engine, so that the first text is spoken as fast as the others.
     void prepare();
-    void speak(const std::string& text);
+    void speak(std::string text);
     void stop();
     void setSpeed(int speed) { speed_ = speed; }
     /// True while a text is being spoken.
