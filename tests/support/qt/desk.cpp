@@ -40,8 +40,10 @@ Desk::~Desk() {
 void Desk::open(QWidget& form) {
     form.show();
     form.activateWindow();
-    for (int i = 0; i < turnsUntilStuck && QApplication::activeWindow() != &form; ++i) {
-        QCoreApplication::processEvents();
+    settle();
+    // A window that was hidden and comes back is not activated without a window manager.
+    if (QApplication::activeWindow() != &form) {
+        QApplication::setActiveWindow(&form);
     }
     EXPECT_EQ(QApplication::activeWindow(), &form) << "the window did not come up";
     settle();
@@ -51,6 +53,17 @@ void Desk::settle() {
     keys.catchUp();
     for (int i = 0; i < turnsUntilSettled; ++i) {
         QCoreApplication::processEvents();
+        manageWindows();
+    }
+}
+
+// The platform has no window manager: when a menu has closed, no window or the closed menu itself is active.
+void Desk::manageWindows() {
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->isVisible()) {
+        lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
+    } else if (lastActive_ && lastActive_->isVisible()) {
+        QApplication::setActiveWindow(lastActive_);
     }
 }
 
@@ -82,6 +95,7 @@ void Desk::watchSoon() {
 
 void Desk::watch() {
     watchSoon();
+    manageWindows();
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr) {
         patience_ = 0;
