@@ -55,7 +55,9 @@ BoxView KeyLineEdit::view() const {
     return box;
 }
 
-void KeyLineEdit::switchInputMethodOff() { setAttribute(Qt::WA_InputMethodEnabled, false); }
+void KeyLineEdit::switchInputMethodOff() {
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+}
 
 void KeyLineEdit::keyPressEvent(QKeyEvent* event) {
     // A key that an input method lets through while it composes would move the caret through text that isn't there.

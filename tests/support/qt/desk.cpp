@@ -14,7 +14,9 @@ namespace {
 constexpr int turnsUntilSettled = 12;
 constexpr int turnsUntilStuck = 3000;
 
-RomikaApplication& application() { return *static_cast<RomikaApplication*>(QCoreApplication::instance()); }
+RomikaApplication& application() {
+    return *static_cast<RomikaApplication*>(QCoreApplication::instance());
+}
 
 RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
     parts.dialogs = &dialogs;
@@ -25,8 +27,8 @@ RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
 
 Desk::Desk(const RealParts& parts)
     : world(withDialogs(parts, dialogs)), zormod(world.zormod),
-      guard(zormod, [this](int status) { endStatus = status; }), modals(guard, heldKeys),
-      context{zormod, guard, heldKeys, modals} {
+      guard(zormod, [this](int status) { endStatus = status; }),
+      modals(guard, heldKeys), context{zormod, guard, heldKeys, modals} {
     dialogs.setContext(context);
     application().setGuard(&guard);
     watchSoon();
