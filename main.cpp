@@ -11,6 +11,7 @@
 #include "platform/code_page.h"
 #include "platform/posix/native_names.h"
 #include "platform/posix/posix_files.h"
+#include "platform/posix/start_paths.h"
 #include "platform/posix/system_clock.h"
 #include "platform/qt/desktop_beeper.h"
 #include "platform/qt/guard.h"
@@ -22,16 +23,9 @@
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTimer>
 
 namespace {
-
-/// The keeper lies beside the program itself.
-std::string keeperPath() {
-    return QFile::encodeName(QCoreApplication::applicationDirPath() + QStringLiteral("/romika-clipboard")).toStdString();
-}
 
 /// All arguments, joined by one blank: file names with blanks need no quoting.
 Text commandLine(int argc, char** argv) {
@@ -48,10 +42,10 @@ int main(int argc, char** argv) {
     const Text argument = commandLine(argc, argv);
     RomikaApplication application(argc, argv);
 
-    KeeperClipboard clipboard(keeperPath());
+    KeeperClipboard clipboard(besideProgram("romika-clipboard"));
     SystemClock clock;
     DesktopBeeper beeper;
-    PosixFiles files(defaultDrives(), QFile::encodeName(QDir::currentPath()).toStdString());
+    PosixFiles files(defaultDrives(), startFolder());
     const CodePage codePage;
     MessageDialogs dialogs;
     ScreenLink screen;

@@ -3,8 +3,9 @@
 
 #include <optional>
 
-/// The size a sheet starts with, one of the fixed ones.
-inline constexpr int firstFontSize = 10;
+/// The size a view starts with, one of the fixed ones up to 24: somewhat larger than the desktop's own letters, which
+/// are `textPixels` high, so that a desktop with large letters has a sheet with large letters.
+int firstFontSize(int textPixels);
 
 /// The next larger size; none from 48 on: a sheet of larger letters than that shows too little of a row to be of use, and
 /// only a size set elsewhere gets there.

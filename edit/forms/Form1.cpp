@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -55,7 +56,7 @@ Form1::Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, c
     for (const TextView entry : {u"mnuDTKN", u"mnuDTKEX", u"mnuDTKOFF", u"mnuJY"}) {
         mark(entry, false);
     }
-    resize(1024, 720);
+    resize(QSize(1440, 900).boundedTo(screen()->availableSize()));
     binding_->moveFocus(PanelField::txtinputbox);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/qt/qt_text.h"
 #include "sheet/record_file.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -31,9 +32,10 @@ frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
         context_.guard.run([&] {
             actions_.pick(recordOfRow(context_.zormod, index.row() + 1),
-                          static_cast<std::int16_t>(std::max(0, index.column() - 1)));
+                          static_cast<std::int16_t>(index.column()));
         });
     });
+    Grid1->verticalHeader()->show();
     body_->addWidget(Grid1, 1);
 }
 
@@ -42,13 +44,14 @@ int frmGrid::rebuilds() const {
 }
 
 void frmGrid::fitColumns() {
-    const int unit = sheetFont(fontPixels(firstFontSize)).unit;
+    const int unit = sheetFont(fontPixels(startSize(*this))).unit;
     constexpr int numberColumns = 8;
     constexpr int gap = 4; // bytes that a column is wider than its item
-    Grid1->setColumnWidth(0, numberColumns * unit);
+    // The numbers stand beside the columns that scroll, so that they are always seen.
+    Grid1->verticalHeader()->setFixedWidth(numberColumns * unit);
     int column = 0;
     for (const std::int16_t width : rows_->shape().widths) {
-        Grid1->setColumnWidth(++column, (width + gap) * unit);
+        Grid1->setColumnWidth(column++, (width + gap) * unit);
     }
 }
 
@@ -72,7 +75,7 @@ void frmGrid::showCurrent() {
     const int row = currentRow(zormod);
     Label1->setText(toQt(viewCell(zormod, row, zormod.position.curItem)));
     if (row != 0) {
-        markCell(*Grid1, row - 1, zormod.position.curItem + 1);
+        markCell(*Grid1, row - 1, zormod.position.curItem);
     }
 }
 

@@ -45,7 +45,7 @@ frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWi
 }
 
 void frmKOJIND::fitColumns() {
-    const int unit = sheetFont(fontPixels(firstFontSize)).unit;
+    const int unit = sheetFont(fontPixels(startSize(*this))).unit;
     constexpr int margin = 10;
     Grid1->setColumnWidth(0, 3 * unit + margin);
     Grid1->setColumnWidth(1, 12 * unit + margin);

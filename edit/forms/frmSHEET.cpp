@@ -33,7 +33,7 @@ FormVoice sheetVoice() {
 } // namespace
 
 frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmSHEET"), u"ワークシート", sheetVoice(), context, actions, parent), size_(firstFontSize),
+    : View(QStringLiteral("frmSHEET"), u"ワークシート", sheetVoice(), context, actions, parent), size_(startSize(*this)),
       corner_(new QWidget(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this)) {
     const ZORMOD& zormod = context.zormod;
     Picture1 = new SheetLines(QStringLiteral("Picture1"), zormod, place_, this);

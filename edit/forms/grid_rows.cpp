@@ -18,6 +18,7 @@ bool GridRows::takeShape(const GridShape& shape) {
 void GridRows::refresh() {
     if (rowCount() > 0) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+        Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
     }
 }
 
@@ -32,26 +33,22 @@ int GridRows::rowCount(const QModelIndex& parent) const {
 }
 
 int GridRows::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(shape_.widths.size()) + 1;
+    return parent.isValid() ? 0 : static_cast<int>(shape_.widths.size());
 }
 
 QVariant GridRows::data(const QModelIndex& index, int role) const {
-    if (role == Qt::TextAlignmentRole && index.column() == 0) {
-        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    return role == Qt::DisplayRole ? QVariant(toQt(viewCell(zormod_, index.row() + 1, index.column()))) : QVariant();
+}
+
+QVariant GridRows::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role == Qt::TextAlignmentRole) {
+        return static_cast<int>(Qt::AlignVCenter | (orientation == Qt::Vertical ? Qt::AlignRight : Qt::AlignLeft));
     }
     if (role != Qt::DisplayRole) {
         return {};
     }
-    const int row = index.row() + 1;
-    if (index.column() == 0) {
-        return toQt(plainNumber(recordOfRow(zormod_, row)));
+    if (orientation == Qt::Vertical) {
+        return toQt(plainNumber(recordOfRow(zormod_, section + 1)));
     }
-    return toQt(viewCell(zormod_, row, index.column() - 1));
-}
-
-QVariant GridRows::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal || !itemHasPlace(zormod_, section - 1)) {
-        return {};
-    }
-    return toQt(zormod_.items.itemName[section - 1]);
+    return itemHasPlace(zormod_, section) ? QVariant(toQt(zormod_.items.itemName[section])) : QVariant();
 }

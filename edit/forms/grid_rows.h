@@ -5,7 +5,7 @@
 
 #include <QAbstractTableModel>
 
-/// One line a row of the window: the record number, then the items from 0.
+/// One line a row of the window, headed by the record number; a column for each item from 0.
 class GridRows : public QAbstractTableModel {
     Q_OBJECT
 public:

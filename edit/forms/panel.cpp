@@ -38,6 +38,9 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     content_->setLayout(new FlowLayout);
+    // The toolkit's own frame takes its colour from the ground and vanishes on a dark one.
+    content_->setStyleSheet(QStringLiteral("QLineEdit { border: 1px solid palette(text); padding: 3px; }"
+                                           "QLineEdit:focus { border: 3px solid palette(highlight); padding: 1px; }"));
     addPair(addMouseLabel(PanelLabel::Label2, "Label2", u"記録番号"), PanelField::txtREC);
     addPair(addMouseLabel(PanelLabel::Label3, "Label3", u"項目番号"), PanelField::txtItemnum);
     addPair(addLabel("lblName", u"項目名"), PanelField::RichTextBox1);

@@ -1,9 +1,13 @@
 #include "edit/forms/sheet_font.h"
 
+#include "edit/font_sizes.h"
+
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QPainter>
 #include <QRawFont>
+#include <QWidget>
 
 #include <cmath>
 
@@ -26,6 +30,10 @@ SheetFont sheetFont(int pixels) {
     sheet.rowHeight = static_cast<int>(std::ceil(metrics.height())) + 4;
     sheet.ascent = static_cast<int>(std::ceil(metrics.ascent())) + 2;
     return sheet;
+}
+
+int startSize(const QWidget& widget) {
+    return firstFontSize(QFontInfo(widget.font()).pixelSize());
 }
 
 void drawGlyphs(QPainter& painter, const SheetFont& font, const std::vector<SheetGlyph>& glyphs, QPoint origin,

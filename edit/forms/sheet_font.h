@@ -10,6 +10,7 @@
 class QColor;
 class QPainter;
 class QPoint;
+class QWidget;
 
 /// The font with its measures in pixels.
 struct SheetFont {
@@ -21,6 +22,9 @@ struct SheetFont {
 
 /// The font whose letters are `pixels` high; an even number.
 SheetFont sheetFont(int pixels);
+
+/// The size of the fixed ones that suits the letters of `widget`.
+int startSize(const QWidget& widget);
 
 /// Draws a row's characters in `colour`; column 0 stands at `origin`, the row's upper left corner.
 void drawGlyphs(QPainter& painter, const SheetFont& font, const std::vector<SheetGlyph>& glyphs, QPoint origin,

@@ -9,7 +9,7 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     auto* table = new QTableView(parent);
     table->setObjectName(QStringLiteral("Grid1"));
     table->setModel(model);
-    const SheetFont font = sheetFont(fontPixels(firstFontSize));
+    const SheetFont font = sheetFont(fontPixels(startSize(*parent)));
     table->setFont(font.font);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setWordWrap(false);
@@ -20,6 +20,8 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->verticalHeader()->setDefaultSectionSize(font.rowHeight);
     table->horizontalHeader()->setFont(font.font);
+    table->verticalHeader()->setFont(font.font);
+    table->verticalHeader()->setFocusPolicy(Qt::NoFocus);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setFocusPolicy(Qt::NoFocus);

@@ -146,6 +146,28 @@ TEST(InputBox, FillingAnItemCommitsItAndMovesOnWithoutAReading) {
     EXPECT_EQ(world.takeSpoken(), Spoken{"ｴｯｸｽ ざん3バイト"});
 }
 
+TEST(InputBox, BlanksThatFillTheLastItemBehindTheEndLeaveAnEmptyBox) {
+    EditWorld world;
+    world.numbered(1);
+    world.stand(2, 2);
+    world.type(u"   ");
+    EXPECT_EQ(world.beeper.count, 1);
+    EXPECT_EQ(world.record(), 2);
+    EXPECT_EQ(world.typed(), "");
+}
+
+TEST(InputBox, AnItemThatFillsARowThatCannotBeWrittenStaysInTheBox) {
+    EditWorld world;
+    world.numbered(2, 1);
+    world.stand(1, 2);
+    world.type(u"12");
+    std::filesystem::remove(world.folder.path() + "/t.txt");
+    EXPECT_THROW(world.type(u"3"), RuntimeFailure);
+    EXPECT_EQ(world.typed(), "123");
+    EXPECT_EQ(world.cell(2), "123");
+    EXPECT_EQ(world.zormod.speech.speechMode, 1);
+}
+
 TEST(InputBox, AFullWidthCharacterOverTheEdgeIsDroppedWithABeep) {
     EditWorld world;
     world.people({{u"1", u"", u"5"}}, 2);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 using Log = std::vector<std::string>;
@@ -43,6 +45,16 @@ public:
 private:
     Log& log_;
     const FakeClock& clock_;
+};
+
+/// Calls back in every rest of a wait.
+class WatchingClock : public FakeClock {
+public:
+    void shortSleep() override {
+        FakeClock::shortSleep();
+        onSleep();
+    }
+    std::function<void()> onSleep;
 };
 
 struct ModeWorld : TestWorld {
@@ -88,6 +100,22 @@ TEST(ReadingMode, OffConfirmsWhileSpeechIsStillOnAndLetsItBeHeard) {
     EXPECT_EQ(world.log, (Log{"Speek! hidden", "said 読み上げｵﾌ。｡.", "marks 0"}));
     EXPECT_EQ(world.speech.speechMode, 0);
     EXPECT_NEAR(world.clock.now - world.logging.spokenAt, 1.8, 0.01);
+}
+
+TEST(ReadingMode, SpeechStaysOnUntilTheConfirmationHasBeenHeard) {
+    TestWorld world;
+    WatchingClock watching;
+    ZORMOD state(Platform{world.clipboard, watching, world.beeper, world.files, world.codePage, world.dialogs,
+                          world.screen, world.commands});
+    state.speech.speechMode = 1;
+    int rests = 0;
+    watching.onSleep = [&] {
+        ++rests;
+        EXPECT_EQ(state.speech.speechMode, 1);
+    };
+    mnuDTKOFF(state);
+    EXPECT_GT(rests, 0);
+    EXPECT_EQ(state.speech.speechMode, 0);
 }
 
 TEST(ReadingMode, OffIsSilentIfSpeechWasOff) {
