@@ -98,8 +98,9 @@ void InputBox::endInputAtLimit() {
     }
     commitCell(zormod, edit_.txtinputbox.text());
     const SilentScope silent(zormod);
-    clearInputBox(edit_);
+    // The step clears the box, except where it beeps at the end of the file; a row that can't be written leaves it.
     nextItem(edit_);
+    clearInputBox(edit_);
 }
 
 void InputBox::readChange() {

@@ -21,9 +21,9 @@ public:
     const Text& currentFolder() const { return currentFolder_; }
 
     /// The native path of an entry, existing or not, found without regard to case where no entry matches exactly. A
-    /// single name right in a drive's root that doesn't exist there, and can't be made there either because the user may
-    /// not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if the drive
-    /// is not in the table, is not named in front of a colon, or no file could have the name.
+    /// single name right in a drive's root that doesn't exist there, and can't be made there either because the user
+    /// may not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if the
+    /// drive is not in the table, is not named in front of a colon, or no file could have the name.
     std::string native(TextView path) const;
 
     /// An absolute native path in drive-letter form, on the drive whose folder is nearest. A "\" inside a name is

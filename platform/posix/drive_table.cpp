@@ -9,7 +9,8 @@
 namespace {
 
 bool liesRightBelow(const std::string& folder, const std::string& path) {
-    return path.size() > folder.size() && path.starts_with(folder) && path.find('/', folder.size()) == std::string::npos;
+    return path.size() > folder.size() && path.starts_with(folder) &&
+           path.find('/', folder.size()) == std::string::npos;
 }
 
 struct CloseMounts {

@@ -14,6 +14,14 @@ constexpr int mostLinks = 40;
 
 } // namespace
 
+std::string nativeCurrentFolder() {
+    std::array<char, PATH_MAX> folder{};
+    if (getcwd(folder.data(), folder.size()) == nullptr) {
+        failFile();
+    }
+    return folder.data();
+}
+
 std::string parentOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash == 0 ? "/" : path.substr(0, slash);

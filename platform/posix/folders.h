@@ -1,11 +1,13 @@
 #pragma once
-// What the writers of platform/posix need to know about the folder that holds a file. Native paths throughout. A failure
-// is thrown as RuntimeFailure of kind file.
+// What main and the writers of platform/posix need to know about folders. Native paths throughout. A
+// failure is thrown as RuntimeFailure of kind file. Nothing here changes a file or a folder.
 
 #include "platform/posix/descriptor.h"
 
 #include <string>
 
+/// The folder in which this process stands, as an absolute path: what main hands to PosixFiles as the start folder.
+std::string nativeCurrentFolder();
 /// The folder of an absolute path.
 std::string parentOf(const std::string& path);
 /// Follows the links in the last name of `path` to the name of the file itself, which need not exist; the system

@@ -22,6 +22,6 @@ std::string joined(const std::string& folder, const std::string& name);
 std::string lookedUp(const std::string& base, const std::vector<std::string>& names);
 
 /// The simple case folding of Unicode, unit by unit: two names are the same without regard to case if their folded
-/// forms are equal. Covers the alphabets of Europe in their usual ranges, the full-width letters and the Roman numerals;
-/// never looks at the locale.
+/// forms are equal. Covers the alphabets of Europe in their usual ranges, the full-width letters and the Roman
+/// numerals; never looks at the locale.
 Text foldedName(TextView name);

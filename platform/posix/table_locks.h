@@ -1,7 +1,7 @@
 #pragma once
-// The claims of this program on tables. Called by PosixFiles. A claim is the system's own lock on the open file (flock),
-// held through a descriptor that nothing else uses: it doesn't notice how often the table itself is closed and opened,
-// and the system lets go of it when the program dies. Nothing is written beside the table.
+// The claims of this program on tables. Called by PosixFiles. A claim is the system's own lock on the open file
+// (flock), held through a descriptor that nothing else uses: it doesn't notice how often the table itself is closed and
+// opened, and the system lets go of it when the program dies. Nothing is written beside the table.
 //
 // Within the program a claim belongs to the file, not to its name: whoever claims a file that is claimed already gets
 // a share, and the lock goes when the last share does.

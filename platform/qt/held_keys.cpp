@@ -13,12 +13,15 @@ constexpr quint64 longestRepeatPause = 1500;
 
 // The scan code names the physical key whatever Shift makes of it; events without one are told apart by their code.
 quint64 identity(const QKeyEvent& event) {
-    return event.nativeScanCode() != 0 ? event.nativeScanCode() : (quint64{1} << 32) + static_cast<quint64>(event.key());
+    return event.nativeScanCode() != 0 ? event.nativeScanCode()
+                                       : (quint64{1} << 32) + static_cast<quint64>(event.key());
 }
 
 } // namespace
 
-HeldKeys::HeldKeys() { QCoreApplication::instance()->installEventFilter(this); }
+HeldKeys::HeldKeys() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
 
 void HeldKeys::muteHeld() {
     for (auto& [id, held] : held_) {

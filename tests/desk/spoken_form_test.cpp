@@ -166,6 +166,7 @@ TEST(SpokenForm, NothingIsSpokenWhileTheUserComposes) {
     desk.keys.press(plainKey(Key::left));
     EXPECT_THAT(desk.spoken(), IsEmpty());
     desk.keys.commit(u"亜");
+    EXPECT_EQ(desk.box->view().text, u"亜");
     EXPECT_THAT(desk.spoken(), ElementsAre("亜"));
 }
 

@@ -254,6 +254,16 @@ TEST(Movement, AStepLeavesTheFocusInTheEmptyBox) {
     EXPECT_FALSE(world.screen.echoTyping);
 }
 
+TEST(Movement, AStepBackShowsTheCellInTheEcho) {
+    EditWorld world;
+    world.numbered(3);
+    world.stand(1, 1);
+    world.type(u"x");
+    prevItem(world.edit);
+    EXPECT_EQ(world.typed(), "");
+    EXPECT_FALSE(world.screen.echoTyping);
+}
+
 TEST(Movement, IdNumbersGoUpWithEachRecord) {
     EditWorld world;
     world.numbered(3);

@@ -130,6 +130,18 @@ TEST(StatusUpdate, AHeldKeySpeaksOnceInTheInhibitTimeAndTheLastCellMayGoUnread) 
     EXPECT_EQ(world.takeSpoken(), (Spoken{"n2 ､", "n6 ､", "n10 ､"}));
 }
 
+TEST(StatusUpdate, EmptyingTheBoxIsNotSpokenEvenWhereNoMoveIs) {
+    EditWorld world;
+    world.numbered(3, 1);
+    world.stand(1, 1);
+    world.type(u"abc");
+    world.forget();
+    world.press(Key::pageUp);
+    EXPECT_EQ(world.beeper.count, 1);
+    EXPECT_EQ(world.typed(), "");
+    EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
+}
+
 TEST(StatusUpdate, OnlyTheBoxThatReallyChangesSpeaks) {
     EditWorld world;
     world.numbered(3, 1);
@@ -161,6 +173,7 @@ TEST(StatusUpdate, TheFocusOfTheBoxSaysItsTextAndName) {
     world.type(u"ab");
     world.takeSpoken();
     world.later();
+    world.edit.previousInputText = u"something older";
     inputBoxGotFocus(world.edit);
     EXPECT_EQ(world.takeSpoken(), Spoken{"ab､データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
     EXPECT_EQ(utf8(world.edit.previousInputText), "ab");

@@ -14,8 +14,9 @@ TEST(DriveTable, TheUsersMediaGetLettersFromDOnInTheOrderOfTheirPaths) {
 }
 
 TEST(DriveTable, OtherMountsAreNoDrives) {
-    EXPECT_EQ(drivesFor({"/media/bob/X", "/media/ann", "/media/ann/", "/media/ann/x/y", "/mnt/z", "/media/anna/q"}, "ann").size(),
-              1u);
+    const std::vector<std::string> mounts{"/media/bob/X",   "/media/ann", "/media/ann/",
+                                          "/media/ann/x/y", "/mnt/z",     "/media/anna/q"};
+    EXPECT_EQ(drivesFor(mounts, "ann").size(), 1u);
     EXPECT_EQ(drivesFor({"/media//x"}, "").size(), 1u);
 }
 

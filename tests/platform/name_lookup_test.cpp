@@ -37,10 +37,15 @@ TEST(NameLookup, AnExactMatchWinsOverAnEarlierOne) {
 
 TEST(NameLookup, OfSeveralTheFirstInCodeOrderIsMeant) {
     const LookupFolder world;
-    world.make("kwork.qqq");
-    world.make("Kwork.qqq");
-    world.make("kWORK.QQQ");
-    EXPECT_EQ(world.found({"KWORK.QQQ"}), "Kwork.qqq");
+    // Many names, because a folder may happen to give a few of them in code order by itself.
+    for (char name = 'a'; name <= 'z'; ++name) {
+        world.make(name + std::string("work.qqq"));
+        world.make(name + std::string("Work.qqq"));
+        world.make(name + std::string("wORK.QQQ"));
+    }
+    for (char name = 'a'; name <= 'z'; ++name) {
+        EXPECT_EQ(world.found({name + std::string("WORK.QQQ")}), name + std::string("Work.qqq"));
+    }
 }
 
 TEST(NameLookup, ANewNameStaysAsItIsWritten) {
@@ -59,6 +64,15 @@ TEST(NameLookup, FoldersAreLookedUpOneByOne) {
     EXPECT_EQ(world.found({"DATA", "Sub", "t.TXT"}), "Data/sub/T.txt");
     EXPECT_EQ(world.found({"data", "new.txt"}), "Data/new.txt");
     EXPECT_EQ(world.found({"Data", "SUB", "T.txt"}), "Data/sub/T.txt");
+}
+
+TEST(NameLookup, AnExactNameWinsInAFolderOfOtherCaseToo) {
+    const LookupFolder world;
+    world.makeFolder("Data");
+    world.make("Data/KX");
+    world.make("Data/kx");
+    EXPECT_EQ(world.found({"data", "kx"}), "Data/kx");
+    EXPECT_EQ(world.found({"data", "KX"}), "Data/KX");
 }
 
 TEST(NameLookup, AnExactFolderIsNotLeftForAnotherThatHoldsTheFile) {

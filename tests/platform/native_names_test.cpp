@@ -12,7 +12,7 @@ TEST(NativeNames, Utf8IsTakenAsItIsAlsoOutsideTheCodePage) {
 }
 
 TEST(NativeNames, BytesOutsideUtf8AreCarriedOneByOne) {
-    EXPECT_EQ(textFromNative("a\x96\xBC\x95\xEB.txt"), (Text{u'a', 0xDC96, 0xDCBC, 0xDC95, 0xDCEB, u'.', u't', u'x', u't'}));
+    EXPECT_EQ(textFromNative("a\x96\xBC\x95\xEB."), (Text{u'a', 0xDC96, 0xDCBC, 0xDC95, 0xDCEB, u'.'}));
     EXPECT_EQ(textFromNative("\xE3\x81"), (Text{0xDCE3, 0xDC81}));
     EXPECT_EQ(textFromNative("\xC0\xAF"), (Text{0xDCC0, 0xDCAF}));
     EXPECT_EQ(textFromNative("\xED\xB2\x80"), (Text{0xDCED, 0xDCB2, 0xDC80}));

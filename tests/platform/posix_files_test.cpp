@@ -1,12 +1,16 @@
 #include "platform/posix/posix_files.h"
 
 #include "platform/failure.h"
+#include "support/failing_system_call.h"
 #include "support/file_size_limit.h"
 #include "support/forked_child.h"
 #include "support/real_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <limits>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 
 namespace fs = std::filesystem;
@@ -105,6 +109,25 @@ TEST(PosixFiles, AReplacementThatFailsLeavesTheOldFileAndNothingElse) {
     }
     EXPECT_EQ(world.bytesOf("t"), "old");
     EXPECT_EQ(world.entries(), 1);
+}
+
+TEST(PosixFiles, AReplacementThatDoesNotReachTheDiskIsNotPutInPlace) {
+    RealFolder world;
+    world.make("t", "old");
+    for (const int call : {SYS_fsync, SYS_fchmod, SYS_rename}) {
+        ForkedChild child([&](const ChildSide&) {
+            failSystemCall(call, EIO);
+            try {
+                world.files.replaceWhole(u"t", "new");
+            } catch (const RuntimeFailure& failure) {
+                return failure.kind == FailureKind::file;
+            }
+            return false;
+        });
+        EXPECT_EQ(child.end(), 0) << call;
+        EXPECT_EQ(world.bytesOf("t"), "old") << call;
+        EXPECT_EQ(world.entries(), 1) << call;
+    }
 }
 
 TEST(PosixFiles, AKillWhileReplacingLeavesTheOldContentsAndAtMostAHiddenFile) {

@@ -1,11 +1,14 @@
 #include "platform/failure.h"
+#include "support/failing_system_call.h"
 #include "support/file_size_limit.h"
 #include "support/forked_child.h"
 #include "support/real_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 namespace {
 
@@ -110,6 +113,37 @@ TEST(PosixRandomFile, AFullDiskDoesNotHinderWritingOverWhatIsThere) {
     const FileSizeLimit full(1000);
     file->writeDurably(0, "b");
     EXPECT_EQ(read(*file, 0, 2), "ba");
+}
+
+TEST(PosixRandomFile, AWriteThatDoesNotReachTheDiskFailsAndDoesNotGrowTheFile) {
+    RealFolder world;
+    world.make("t", "0123");
+    ForkedChild child([&](const ChildSide&) {
+        const auto file = world.files.openRandom(u"t");
+        failSystemCall(SYS_fdatasync, EIO);
+        try {
+            file->writeDurably(4, "456");
+        } catch (const RuntimeFailure& failure) {
+            return failure.kind == FailureKind::file;
+        }
+        return false;
+    });
+    EXPECT_EQ(child.end(), 0);
+    EXPECT_EQ(world.bytesOf("t"), "0123");
+}
+
+TEST(PosixRandomFile, ANewFileWhoseNameDoesNotReachTheDiskFails) {
+    RealFolder world;
+    ForkedChild child([&](const ChildSide&) {
+        failSystemCall(SYS_fsync, EIO);
+        try {
+            world.files.openRandom(u"new");
+        } catch (const RuntimeFailure& failure) {
+            return failure.kind == FailureKind::file;
+        }
+        return false;
+    });
+    EXPECT_EQ(child.end(), 0);
 }
 
 TEST(PosixRandomFile, AFileDeletedBehindItsBackIsNotWritten) {

@@ -1,11 +1,14 @@
 #include "platform/posix/table_locks.h"
 
+#include "platform/failure.h"
+#include "support/failing_system_call.h"
 #include "support/forked_child.h"
 #include "support/real_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
+#include <cerrno>
+#include <sys/syscall.h>
 
 namespace {
 
@@ -83,7 +86,10 @@ TEST(TableLocks, AClaimCanBeGivenUpAndTakenAgain) {
     world.make("t", "x");
     PosixFiles other({{u'C', "/"}}, world.folder.path());
     for (int i = 0; i < 3; ++i) {
-        EXPECT_NE(world.files.lockTable(u"t"), nullptr);
+        auto claim = world.files.lockTable(u"t");
+        EXPECT_NE(claim, nullptr);
+        EXPECT_EQ(other.lockTable(u"t"), nullptr);
+        claim.reset();
         EXPECT_NE(other.lockTable(u"t"), nullptr);
     }
 }
@@ -147,4 +153,33 @@ TEST(TableLocks, AWriteProtectedTableIsClaimedToo) {
         const auto claim = world.files.lockTable(u"t");
         return claim && !other.lockTable(u"t");
     }));
+}
+
+TEST(TableLocks, AFileSystemWithoutLocksExcludesNobody) {
+    RealFolder world;
+    world.make("t", "x");
+    for (const int error : {ENOLCK, EOPNOTSUPP}) {
+        ForkedChild child([&](const ChildSide&) {
+            failSystemCall(SYS_flock, error);
+            PosixFiles other({{u'C', "/"}}, world.folder.path());
+            const auto claim = world.files.lockTable(u"t");
+            return claim && other.lockTable(u"t");
+        });
+        EXPECT_EQ(child.end(), 0) << error;
+    }
+}
+
+TEST(TableLocks, ADiskThatFailsIsNoFreeTable) {
+    RealFolder world;
+    world.make("t", "x");
+    ForkedChild child([&](const ChildSide&) {
+        failSystemCall(SYS_flock, EIO);
+        try {
+            world.files.lockTable(u"t");
+        } catch (const RuntimeFailure& failure) {
+            return failure.kind == FailureKind::file;
+        }
+        return false;
+    });
+    EXPECT_EQ(child.end(), 0);
 }

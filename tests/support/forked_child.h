@@ -20,8 +20,8 @@ private:
     int fromParent_;
 };
 
-/// A forked process that runs `work` and ends with status 0 if it returned true, with 1 otherwise or after an exception.
-/// Killed and waited for by the destructor unless it has ended.
+/// A forked process that runs `work` and ends with status 0 if it returned true, with 1 otherwise or after an
+/// exception. Killed and waited for by the destructor unless it has ended.
 class ForkedChild {
 public:
     explicit ForkedChild(const std::function<bool(const ChildSide&)>& work);

@@ -84,7 +84,7 @@ TEST(SpeechStory, WalkingTypingAndLeavingIsHeardAndKept) {
     EXPECT_EQ(pasteElsewhere(), "the user's own text");
     EXPECT_EQ(folder.read("zorTalk"), " 1 \r\n");
     for (const std::string& text : watcher.texts()) {
-        EXPECT_NE(text, "(nothing)");
+        EXPECT_NE(text, "(nothing)") << "a text was announced and then could not be fetched";
     }
 }
 

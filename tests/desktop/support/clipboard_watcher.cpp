@@ -26,7 +26,8 @@ void ClipboardWatcher::watch() {
     while (!over_) {
         bool changed = false;
         while (auto* event = xcb_poll_for_event(connection)) {
-            changed = true;
+            // A clipboard without an owner has been cleared: there is nothing to fetch.
+            changed = reinterpret_cast<xcb_xfixes_selection_notify_event_t*>(event)->owner != XCB_WINDOW_NONE;
             std::free(event);
         }
         if (changed) {

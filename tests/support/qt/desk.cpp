@@ -14,7 +14,9 @@ namespace {
 constexpr int turnsUntilSettled = 12;
 constexpr int turnsUntilStuck = 3000;
 
-RomikaApplication& application() { return *static_cast<RomikaApplication*>(QCoreApplication::instance()); }
+RomikaApplication& application() {
+    return *static_cast<RomikaApplication*>(QCoreApplication::instance());
+}
 
 RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
     parts.dialogs = &dialogs;
@@ -25,8 +27,8 @@ RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
 
 Desk::Desk(const RealParts& parts)
     : world(withDialogs(parts, dialogs)), zormod(world.zormod),
-      guard(zormod, [this](int status) { endStatus = status; }), modals(guard, heldKeys),
-      context{zormod, guard, heldKeys, modals} {
+      guard(zormod, [this](int status) { endStatus = status; }),
+      modals(guard, heldKeys), context{zormod, guard, heldKeys, modals} {
     dialogs.setContext(context);
     application().setGuard(&guard);
     watchSoon();
@@ -40,8 +42,10 @@ Desk::~Desk() {
 void Desk::open(QWidget& form) {
     form.show();
     form.activateWindow();
-    for (int i = 0; i < turnsUntilStuck && QApplication::activeWindow() != &form; ++i) {
-        QCoreApplication::processEvents();
+    settle();
+    // A window that was hidden and comes back is not activated without a window manager.
+    if (QApplication::activeWindow() != &form) {
+        QApplication::setActiveWindow(&form);
     }
     EXPECT_EQ(QApplication::activeWindow(), &form) << "the window did not come up";
     settle();
@@ -51,6 +55,17 @@ void Desk::settle() {
     keys.catchUp();
     for (int i = 0; i < turnsUntilSettled; ++i) {
         QCoreApplication::processEvents();
+        manageWindows();
+    }
+}
+
+// The platform has no window manager: when a menu has closed, no window or the closed menu itself is active.
+void Desk::manageWindows() {
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->isVisible()) {
+        lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
+    } else if (lastActive_ && lastActive_->isVisible()) {
+        QApplication::setActiveWindow(lastActive_);
     }
 }
 
@@ -82,6 +97,7 @@ void Desk::watchSoon() {
 
 void Desk::watch() {
     watchSoon();
+    manageWindows();
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr) {
         patience_ = 0;

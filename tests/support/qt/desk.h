@@ -61,9 +61,11 @@ public:
 private:
     void watchSoon();
     void watch();
+    void manageWindows();
 
     std::deque<std::function<void()>> scripts_;
     QList<QPointer<QWidget>> served_;
+    QPointer<QWidget> lastActive_;
     int patience_ = 0;
     QObject anchor_;
 };
