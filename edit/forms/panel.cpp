@@ -29,6 +29,9 @@ int boxBytes(PanelField field) {
     }
 }
 
+/// Half-width characters that a label has room for before anything moves.
+int labelBytes(PanelField field) { return field == PanelField::Label11 ? 14 : 20; }
+
 } // namespace
 
 Panel::Panel(const FormContext& context, QWidget* parent)
@@ -37,7 +40,8 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    content_->setLayout(new FlowLayout);
+    auto* flow = new FlowLayout;
+    content_->setLayout(flow);
     addPair(addMouseLabel(PanelLabel::Label2, "Label2", u"記録番号"), PanelField::txtREC);
     addPair(addMouseLabel(PanelLabel::Label3, "Label3", u"項目番号"), PanelField::txtItemnum);
     addPair(addLabel("lblName", u"項目名"), PanelField::RichTextBox1);
@@ -51,6 +55,8 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     lblSpeek = addLabel("lblSpeek", u"Speek!");
     content_->layout()->addWidget(lblSpeek);
     addPair(addLabel("lblInput", u"データ入力"), PanelField::txtinputbox);
+    // Its width follows the item. On a line of its own it never moves what stands round it, nor the view.
+    flow->breakBefore(boxes_[PanelField::txtinputbox]->parentWidget());
     for (const PanelField readOnly : {PanelField::Text1, PanelField::RichTextBox1}) {
         boxes_[readOnly]->setReadOnly(true);
     }
@@ -130,6 +136,11 @@ void Panel::fitBoxes() {
         const int extra = static_cast<const FieldPair*>(shown->parentWidget())->extraWidth();
         const int room = std::max(unit * 2, viewport()->width() - extra - gaps);
         shown->setFixedWidth(std::min(bytes * unit + 12, room));
+    }
+    // A text that is longer or shorter than the last one must not move everything behind it.
+    const int unit = content_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (const auto& [field, label] : labels_) {
+        label->setMinimumWidth(std::min(labelBytes(field) * unit, viewport()->width() / 2));
     }
     content_->layout()->invalidate();
     updateGeometry();

@@ -266,3 +266,18 @@ TEST(Form1, AFailureInAKeyIsToldAndTheProgramGoesOn) {
     EXPECT_EQ(desk.focus(), "txtinputbox");
     EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre("山田､"));
 }
+
+TEST(Form1, NothingMovesWhenItemsOfDifferentWidthAreWalked) {
+    EditDesk desk;
+    desk.form.resize(1000, 700);
+    desk.openTable({{u"ID", u"L", 12}, {u"氏名", u"L", 100}, {u"年齢", u"R", 2}},
+                   {{u"1", u"a", u"1"}, {u"123456789012", u"b", u"2"}});
+    const auto stands = [&] { return std::pair(desk.part("frmSHEET")->geometry(), desk.part("RichTextBox2")->mapTo(&desk.form, QPoint())); };
+    const auto before = stands();
+    const int rows = desk.zormod.position.windowRows;
+    for (const Key key : {Key::right, Key::right, Key::down, Key::left}) {
+        desk.key(plainKey(key));
+        EXPECT_EQ(stands(), before);
+        EXPECT_EQ(desk.zormod.position.windowRows, rows);
+    }
+}
