@@ -129,21 +129,31 @@ void Panel::showSpeek(bool visible) { lblSpeek->setVisible(visible); }
 
 void Panel::fitBoxes() {
     constexpr int gaps = 8; // of the line
+    bool changed = false;
+    const auto setWidth = [&changed](QWidget& widget, int least, int most) {
+        changed = changed || widget.minimumWidth() != least || widget.maximumWidth() != most;
+        widget.setMinimumWidth(least);
+        widget.setMaximumWidth(most);
+    };
     for (const auto& [field, shown] : boxes_) {
         const QFontMetrics metrics(shown->font());
         const int unit = metrics.horizontalAdvance(QLatin1Char('0'));
         const int bytes = std::max(2, field == PanelField::txtinputbox ? inputBytes_ + 1 : boxBytes(field));
         const int extra = static_cast<const FieldPair*>(shown->parentWidget())->extraWidth();
         const int room = std::max(unit * 2, viewport()->width() - extra - gaps);
-        shown->setFixedWidth(std::min(bytes * unit + 12, room));
+        const int width = std::min(bytes * unit + 12, room);
+        setWidth(*shown, width, width);
     }
     // A text that is longer or shorter than the last one must not move everything behind it.
     const int unit = content_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (const auto& [field, label] : labels_) {
-        label->setMinimumWidth(std::min(labelBytes(field) * unit, viewport()->width() / 2));
+        setWidth(*label, std::min(labelBytes(field) * unit, viewport()->width() / 2), QWIDGETSIZE_MAX);
     }
-    content_->layout()->invalidate();
-    updateGeometry();
+    // A change asks the toolkit to lay everything out, and that comes back here: it must not go round for ever.
+    if (changed) {
+        content_->layout()->invalidate();
+        updateGeometry();
+    }
 }
 
 QSize Panel::sizeHint() const { return QSize(width(), content_->layout()->heightForWidth(viewport()->width())); }

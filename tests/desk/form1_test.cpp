@@ -16,6 +16,23 @@ using ::testing::IsEmpty;
 
 namespace {
 
+/// Counts how often the parts of a widget are laid out.
+class LayoutCount : public QObject {
+public:
+    explicit LayoutCount(QWidget& widget) {
+        for (QWidget* watched : widget.findChildren<QWidget*>()) {
+            watched->installEventFilter(this);
+        }
+    }
+    int events = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        events += event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize ? 1 : 0;
+        return false;
+    }
+};
+
 /// A small table, open, the current cell on record 1, item 0.
 struct Form1Desk : EditDesk {
     explicit Form1Desk(int speechMode = 1) {
@@ -280,4 +297,13 @@ TEST(Form1, NothingMovesWhenItemsOfDifferentWidthAreWalked) {
         EXPECT_EQ(stands(), before);
         EXPECT_EQ(desk.zormod.position.windowRows, rows);
     }
+}
+
+TEST(Form1, LaysItselfOutNoMoreOnceItStands) {
+    Form1Desk desk;
+    desk.key(plainKey(Key::right));
+    desk.settle();
+    const LayoutCount count(desk.form);
+    desk.settle();
+    EXPECT_EQ(count.events, 0);
 }
