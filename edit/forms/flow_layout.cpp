@@ -74,7 +74,8 @@ int FlowLayout::arrange(const QRect& rect, bool move) const {
         }
         const int width = std::min(item->sizeHint().width(), area.width());
         const int height = item->hasHeightForWidth() ? item->heightForWidth(width) : item->sizeHint().height();
-        if (x > area.x() && x + width > area.right() + 1) {
+        const bool startsLine = item->widget() != nullptr && item->widget() == lineStart_;
+        if (x > area.x() && (startsLine || x + width > area.right() + 1)) {
             endLine();
         }
         line.append({item, QRect(x, 0, width, height)});

@@ -13,6 +13,9 @@ public:
     FlowLayout(const FlowLayout&) = delete;
     FlowLayout& operator=(const FlowLayout&) = delete;
 
+    /// Begins a new line with `widget`, whatever room the line before has.
+    void breakBefore(const QWidget* widget) { lineStart_ = widget; }
+
     void addItem(QLayoutItem* item) override;
     int count() const override;
     QLayoutItem* itemAt(int index) const override;
@@ -27,4 +30,5 @@ public:
 private:
     int arrange(const QRect& rect, bool move) const;
     QList<QLayoutItem*> items_;
+    const QWidget* lineStart_ = nullptr;
 };

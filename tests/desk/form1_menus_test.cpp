@@ -121,6 +121,11 @@ TEST(Form1Menus, AnOpenedMenuSaysItselfAndItsFirstEntryTogether) {
     desk.altLetter(u'J');
     EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー。記録ジャンプ､Ctrl+J"));
     desk.popupKey(Qt::Key_Escape);
+    EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー")) << "the bar has the keys now";
+    EXPECT_NE(desk.focus(), "txtinputbox");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
 TEST(Form1Menus, AltGoesToTheBarSaysTheMenuAndEscapeComesBackWithoutAWord) {
