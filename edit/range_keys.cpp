@@ -65,10 +65,6 @@ constexpr std::array<FixedKey, 21> fixedKeys = {{
     {itemKind, ctrlKey(Key::right), moveRangeItemsRightCommand},
 }};
 
-bool isModifier(Key key) {
-    return key == Key::shift || key == Key::control || key == Key::alt;
-}
-
 } // namespace
 
 bool startsRange(EditScreen& edit, const KeyStroke& stroke) {
@@ -97,7 +93,7 @@ bool startsRange(EditScreen& edit, const KeyStroke& stroke) {
 
 KeyOutcome fixedRangeKey(EditScreen& edit, const KeyStroke& stroke) {
     ZORMOD& zormod = edit.zormod;
-    if (isModifier(stroke.key)) {
+    if (isModifierKey(stroke.key)) {
         if (stroke == plainKey(Key::shift)) {
             zormod.platform.commands.run(readRangeCommand);
         }
