@@ -22,11 +22,10 @@ FormVoice viewVoice() {
 } // namespace
 
 frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
+    : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent),
       rows_(new GridRows(context.zormod, this)) {
-    Label1->setObjectName(QStringLiteral("Label1"));
     addButton(QStringLiteral("Command1"), u"表示切り替え", [this] { actions_.switchView(0); });
-    bar_->addWidget(Label1);
+    Label1 = addLabel(QStringLiteral("Label1"));
     Grid1 = makeViewTable(rows_, this);
     addFocusable(*Grid1, Grid1->objectName(), u"表形式表示");
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {

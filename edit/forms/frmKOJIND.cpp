@@ -24,10 +24,9 @@ FormVoice viewVoice() {
 } // namespace
 
 frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmKOJIND"), u"ロミカカード形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
+    : View(QStringLiteral("frmKOJIND"), u"ロミカカード形式表示", viewVoice(), context, actions, parent),
       rows_(new CardRows(context.zormod, this)) {
-    Label1->setObjectName(QStringLiteral("Label1"));
-    bar_->addWidget(Label1);
+    Label1 = addLabel(QStringLiteral("Label1"));
     addButton(QStringLiteral("Command1"), u"表示切替", [this] { actions_.switchView(2); });
     addButton(QStringLiteral("Command3"), u"データ入力", [this] { actions_.backToInput(); });
     Grid1 = makeViewTable(rows_, this);

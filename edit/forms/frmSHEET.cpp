@@ -49,9 +49,7 @@ frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidg
     addButton(QStringLiteral("Command1"), u"拡大", [this] { changeSize(largerFontSize(size_)); });
     addButton(QStringLiteral("Command2"), u"縮小", [this] { changeSize(smallerFontSize(size_)); });
     addButton(QStringLiteral("Command3"), u"カード", [this] { actions_.switchView(1); });
-    auto* hint = new QLabel(toQt(u"ｾﾙ指定=左ｸﾘｯｸ　右ﾄﾞﾗｯｸﾞ=ｼｰﾄ移動"), this);
-    hint->setObjectName(QStringLiteral("Label1"));
-    bar_->addWidget(hint);
+    addLabel(QStringLiteral("Label1"))->setText(toQt(u"ｾﾙ指定=左ｸﾘｯｸ　右ﾄﾞﾗｯｸﾞ=ｼｰﾄ移動"));
 
     auto* pictures = new QGridLayout;
     pictures->setSpacing(0);
@@ -111,7 +109,7 @@ void frmSHEET::changeSize(std::optional<int> size) {
     }
     useSize(*size);
     actions_.cancelRange();
-    measureRows();
+    tellRows();
     redraw();
 }
 
@@ -125,12 +123,8 @@ void frmSHEET::useSize(int size) {
     layPictures();
 }
 
-void frmSHEET::measureRows() {
-    const std::int16_t rows = rowsThatFit(Picture1->height(), place_.font.rowHeight);
-    if (rows != toldRows_) {
-        toldRows_ = rows;
-        actions_.rowsChanged(rows);
-    }
+void frmSHEET::tellRows() {
+    actions_.rowsChanged(rowsThatFit(Picture1->height(), place_.font.rowHeight));
 }
 
 void frmSHEET::layPictures() {
@@ -182,7 +176,7 @@ void frmSHEET::resizeEvent(QResizeEvent* event) {
     View::resizeEvent(event);
     // The pictures get their new sizes from the layout; only then is there something to measure.
     QMetaObject::invokeMethod(
-        this, [this] { context_.guard.run([this] { measureRows(), redraw(); }); }, Qt::QueuedConnection);
+        this, [this] { context_.guard.run([this] { tellRows(), redraw(); }); }, Qt::QueuedConnection);
 }
 
 void frmSHEET::pickAt(QPoint point) {

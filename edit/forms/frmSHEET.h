@@ -32,7 +32,7 @@ protected:
 private:
     void changeSize(std::optional<int> size);
     void useSize(int size);
-    void measureRows();
+    void tellRows();
     void layPictures();
     void keepCellInView();
     void scrollTo(int left, int top);
@@ -51,5 +51,4 @@ private:
     QWidget* corner_;
     QScrollBar* scrollBar_;
     std::optional<QPoint> drag_; ///< where the sheet was taken hold of
-    std::int16_t toldRows_ = 0;
 };

@@ -20,7 +20,7 @@ struct ViewActions {
     std::function<void()> backToInput;                                ///< the input box gets the focus
     std::function<void(int viewMode)> switchView;                     ///< another view is to be in force
     std::function<void(std::int32_t record, std::int16_t item)> pick; ///< a cell was clicked
-    std::function<void(std::int16_t rows)> rowsChanged;               ///< the view has room for so many rows
+    std::function<void(std::int16_t rows)> rowsChanged;               ///< the room there is, told at each change of size
     std::function<void()> cancelRange;                                ///< what was selected no longer holds
 };
 
@@ -57,6 +57,8 @@ protected:
     void setHeading(TextView caption);
     /// Takes in a widget that the mouse can give the focus; it says nothing by itself.
     void addFocusable(QWidget& widget, const QString& name, TextView accessibleName);
+    /// A label in the bar behind the heading; data in it is never taken for markup.
+    QLabel* addLabel(const QString& name);
     /// A button of the view in the bar behind the heading.
     void addButton(const QString& name, TextView caption, std::function<void()> rule);
 
@@ -68,8 +70,8 @@ private:
 
     SpokenForm* spoken_;
     QLabel* heading_;
+    QLayout* bar_;
 
 protected:
-    QLayout* bar_;
     QVBoxLayout* body_; ///< the bar, and what the view adds below it
 };

@@ -402,3 +402,16 @@ TEST(Views, AreDrawnWithoutATableAndWithATableOfOneItem) {
     EXPECT_FALSE(empty.form.grab().isNull());
     EXPECT_EQ(empty.endStatus, std::nullopt);
 }
+
+TEST(Views, ALongCellNeitherWidensTheWindowNorIsTakenForMarkup) {
+    EditDesk desk;
+    desk.form.resize(700, 600);
+    const Text longText = u"<b>x</b>" + Text(200, u'y');
+    desk.openTable({{u"ID", u"L", 3}, {u"備考", u"L", 240}}, {{u"1", longText}});
+    desk.zormod.display.viewMode = 2;
+    desk.key(plainKey(Key::right));
+    EXPECT_EQ(desk.form.width(), 700);
+    const auto* label = static_cast<QLabel*>(desk.partOf("frmGrid", "Label1"));
+    EXPECT_EQ(label->text().toStdU16String(), longText);
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
