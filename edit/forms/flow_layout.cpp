@@ -66,7 +66,8 @@ int FlowLayout::arrange(const QRect& rect, bool move) const {
     const auto endLine = [&] {
         for (const auto& [item, place] : line) {
             if (move) {
-                item->setGeometry(QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
+                item->setGeometry(
+                    QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
             }
         }
         line.clear();

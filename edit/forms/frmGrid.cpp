@@ -16,7 +16,10 @@
 namespace {
 
 FormVoice viewVoice() {
-    return {.description = [] { return Text(u"記録を　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。"); }};
+    return {.description = [] {
+        return Text(u"記録を　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　"
+                    u"戻ります。");
+    }};
 }
 
 } // namespace
@@ -30,8 +33,7 @@ frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget
     addFocusable(*Grid1, Grid1->objectName(), u"表形式表示");
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
         context_.guard.run([&] {
-            actions_.pick(recordOfRow(context_.zormod, index.row() + 1),
-                          static_cast<std::int16_t>(index.column()));
+            actions_.pick(recordOfRow(context_.zormod, index.row() + 1), static_cast<std::int16_t>(index.column()));
         });
     });
     Grid1->verticalHeader()->show();

@@ -18,7 +18,10 @@
 namespace {
 
 FormVoice viewVoice() {
-    return {.description = [] { return Text(u"現在の記録の項目番号、項目名、データを　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。"); }};
+    return {.description = [] {
+        return Text(u"現在の記録の項目番号、項目名、データを　一行ずつ　表示しています。何かキーをたたくと　"
+                    u"データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。");
+    }};
 }
 
 } // namespace
@@ -35,9 +38,8 @@ frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWi
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->horizontalHeader()->setStretchLastSection(true);
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        context_.guard.run([&] {
-            actions_.pick(context_.zormod.position.curRecord, static_cast<std::int16_t>(index.row()));
-        });
+        context_.guard.run(
+            [&] { actions_.pick(context_.zormod.position.curRecord, static_cast<std::int16_t>(index.row())); });
     });
     body_->addWidget(Grid1, 1);
     fitColumns();

@@ -1,7 +1,7 @@
 #pragma once
 // The standard view: the records of the window below each other, their numbers, the names of the items, and the echo of
-// the current cell, in a font that can be made as large as a person with low vision needs it. A left click picks a cell,
-// a right drag moves the sheet. Form1 owns it.
+// the current cell, in a font that can be made as large as a person with low vision needs it. A left click picks a
+// cell, a right drag moves the sheet. Form1 owns it.
 
 #include "edit/forms/sheet_pictures.h"
 #include "edit/forms/view.h"
@@ -27,7 +27,6 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void changeSize(std::optional<int> size);
@@ -38,7 +37,6 @@ private:
     void scrollTo(int left, int top);
     void moveOverlays();
     void pickAt(QPoint point);
-    bool mouseOnSheet(QEvent* event);
 
     SheetPlace place_;
     int size_;
@@ -50,5 +48,4 @@ private:
     CellMask* LblPMUSK;
     QWidget* corner_;
     QScrollBar* scrollBar_;
-    std::optional<QPoint> drag_; ///< where the sheet was taken hold of
 };
