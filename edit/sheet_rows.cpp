@@ -142,9 +142,8 @@ Text viewCell(const ZORMOD& zormod, std::int64_t row, std::int64_t item) {
     }
     const auto from = static_cast<std::size_t>(itemColumn(zormod, item));
     const BytesView bytes = rowBytes(zormod, row);
-    const BytesView cell = from < bytes.size()
-                               ? bytes.substr(from, static_cast<std::size_t>(itemColumns(zormod, item)))
-                               : BytesView();
+    const BytesView cell =
+        from < bytes.size() ? bytes.substr(from, static_cast<std::size_t>(itemColumns(zormod, item))) : BytesView();
     return onlySlashes(cell) ? Text() : trimmed(zormod.platform.codePage.decode(cell));
 }
 

@@ -18,7 +18,9 @@ FieldPair::FieldPair(QWidget* label, QWidget* field, QWidget* parent) : QWidget(
     field->installEventFilter(this);
 }
 
-int FieldPair::extraWidth() const { return label_->sizeHint().width() + gap + 2 * frame; }
+int FieldPair::extraWidth() const {
+    return label_->sizeHint().width() + gap + 2 * frame;
+}
 
 void FieldPair::paintEvent(QPaintEvent*) {
     if (field_->focusPolicy() == Qt::NoFocus) {

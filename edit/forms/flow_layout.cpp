@@ -4,6 +4,10 @@
 
 #include <algorithm>
 
+namespace {
+constexpr int narrowest = 200;
+} // namespace
+
 FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent) {
     setContentsMargins(4, 2, 4, 2);
     setSpacing(8);
@@ -39,7 +43,9 @@ QSize FlowLayout::minimumSize() const {
         size = size.expandedTo(item->minimumSize());
     }
     const QMargins margins = contentsMargins();
-    return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+    size += QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+    // A long text must not widen the window: a line gives each widget at most its own width.
+    return QSize(std::min(size.width(), narrowest), size.height());
 }
 
 QSize FlowLayout::sizeHint() const {
@@ -60,7 +66,8 @@ int FlowLayout::arrange(const QRect& rect, bool move) const {
     const auto endLine = [&] {
         for (const auto& [item, place] : line) {
             if (move) {
-                item->setGeometry(QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
+                item->setGeometry(
+                    QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
             }
         }
         line.clear();

@@ -1,6 +1,7 @@
 #pragma once
 // A layout that sets its widgets side by side and goes on in a new line where the width ends, as words in a paragraph.
-// With letters several times the normal size the panel and the bars of the views grow downwards instead of off the screen.
+// With letters several times the normal size the panel and the bars of the views grow downwards instead of off the
+// screen.
 
 #include <QLayout>
 #include <QList>

@@ -30,7 +30,9 @@ int boxBytes(PanelField field) {
 }
 
 /// Half-width characters that a label has room for before anything moves.
-int labelBytes(PanelField field) { return field == PanelField::Label11 ? 14 : 20; }
+int labelBytes(PanelField field) {
+    return field == PanelField::Label11 ? 14 : 20;
+}
 
 } // namespace
 
@@ -125,7 +127,9 @@ void Panel::setInputBoxWidth(int bytes) {
     fitBoxes();
 }
 
-void Panel::showSpeek(bool visible) { lblSpeek->setVisible(visible); }
+void Panel::showSpeek(bool visible) {
+    lblSpeek->setVisible(visible);
+}
 
 void Panel::fitBoxes() {
     constexpr int gaps = 8; // of the line
@@ -156,7 +160,9 @@ void Panel::fitBoxes() {
     }
 }
 
-QSize Panel::sizeHint() const { return QSize(width(), content_->layout()->heightForWidth(viewport()->width())); }
+QSize Panel::sizeHint() const {
+    return QSize(width(), content_->layout()->heightForWidth(viewport()->width()));
+}
 
 QSize Panel::minimumSizeHint() const {
     // Never more than half the window, or the view would be pushed out; the rest scrolls.

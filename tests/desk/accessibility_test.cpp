@@ -1,4 +1,5 @@
-// A walk through every form as an assistive program and the Tab key see it: each control has a name, a role and a voice.
+// A walk through every form as an assistive program and the Tab key see it: each control has a name, a role and a
+// voice.
 
 #include "support/qt/edit_desk.h"
 
@@ -10,9 +11,6 @@
 #include <gmock/gmock.h>
 
 #include <set>
-
-
-
 
 namespace {
 
@@ -85,24 +83,23 @@ void walk(EditDesk& desk) {
 TEST(Accessibility, Form1NamesItsControlsAndTabReachesAll) {
     WalkDesk desk;
     walk(desk);
-    EXPECT_THAT(tabStops(desk.form),
-                testing::UnorderedElementsAre("txtinputbox", "txtREC", "txtItemnum", "txtWIDTH", "txtLR", "Text1",
-                                              "RichTextBox1", "RichTextBox2"));
+    EXPECT_THAT(tabStops(desk.form), testing::UnorderedElementsAre("txtinputbox", "txtREC", "txtItemnum", "txtWIDTH",
+                                                                   "txtLR", "Text1", "RichTextBox1", "RichTextBox2"));
 }
 
 TEST(Accessibility, Form1sBoxesAreTextBoxesUnderTheirSpokenNames) {
     WalkDesk desk;
-    for (const auto& [control, name] : {std::pair("txtinputbox", "データ入力"), std::pair("txtREC", "行番号"),
-                                        std::pair("RichTextBox2", "表メモ")}) {
+    for (const auto& [control, name] :
+         {std::pair("txtinputbox", "データ入力"), std::pair("txtREC", "行番号"), std::pair("RichTextBox2", "表メモ")}) {
         EXPECT_EQ(roleOf(desk.part(control)), QAccessible::EditableText);
         EXPECT_EQ(accessibleNameOf(desk.part(control)), name);
     }
 }
 
 TEST(Accessibility, TheViewsAreNamedAndOutsideTheTabOrder) {
-    for (const auto& [mode, name, caption] : {std::tuple(0, "frmSHEET", "ワークシート"),
-                                              std::tuple(1, "frmKOJIND", "ロミカカード形式表示1記録"),
-                                              std::tuple(2, "frmGrid", "表形式表示")}) {
+    for (const auto& [mode, name, caption] :
+         {std::tuple(0, "frmSHEET", "ワークシート"), std::tuple(1, "frmKOJIND", "ロミカカード形式表示1記録"),
+          std::tuple(2, "frmGrid", "表形式表示")}) {
         WalkDesk desk;
         desk.zormod.display.viewMode = static_cast<std::int16_t>(mode);
         desk.form.redrawView();

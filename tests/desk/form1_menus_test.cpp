@@ -77,7 +77,8 @@ TEST(Form1Menus, EveryEntryIsReachedByItsLetterAndTheArrows) {
             desk.altLetter(QChar(letter));
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             ASSERT_NE(menu, nullptr) << utf8(group.caption);
-            for (std::size_t steps = 0; menu->activeAction() != menu->actions().at(static_cast<qsizetype>(i)); ++steps) {
+            for (std::size_t steps = 0; menu->activeAction() != menu->actions().at(static_cast<qsizetype>(i));
+                 ++steps) {
                 ASSERT_LE(steps, group.entries.size()) << utf8(group.entries[i].name);
                 QTest::keyClick(menu, Qt::Key_Down);
             }

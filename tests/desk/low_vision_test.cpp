@@ -66,6 +66,10 @@ TEST(LowVision, ThePanelScrollsWhereTheWindowIsTooLow) {
         EXPECT_EQ(desk.seenOfFocus(), 100) << desk.focus();
         desk.key(plainKey(Key::tab));
     }
+    for (const PanelField field : Panel::boxOrder()) {
+        desk.form.focusField(field);
+        EXPECT_EQ(desk.seenOfFocus(), 100) << desk.focus();
+    }
     EXPECT_GE(desk.form.height() - desk.panel()->height(), desk.form.height() / 3) << "nothing is left for the view";
 }
 

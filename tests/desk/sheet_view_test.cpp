@@ -1,28 +1,20 @@
-// The three views as a sighted helper sees and clicks them.
+// The standard view as a sighted helper sees and clicks them.
 
 #include "edit/font_sizes.h"
-#include "edit/forms/frmGrid.h"
-#include "edit/forms/sheet_pictures.h"
 #include "edit/forms/views.h"
-#include "edit/sheet_rows.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
-#include "support/qt/edit_desk.h"
+#include "support/qt/view_desk.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QFontMetricsF>
-#include <QLabel>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QTableView>
-#include <QTest>
 
 #include <gmock/gmock.h>
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 namespace {
 
@@ -41,36 +33,6 @@ protected:
         }
         return false;
     }
-};
-
-/// A table of 40 records that is wider than the window.
-struct ViewDesk : EditDesk {
-    ViewDesk() {
-        form.resize(900, 700);
-        std::vector<std::vector<std::u16string_view>> records(40, {u"1", u"山田", u"42", u"東京", u"x"});
-        openTable({{u"ID", u"L", 3}, {u"氏名", u"L", 10}, {u"年齢", u"R", 4}, {u"住所", u"L", 90}, {u"備考", u"L", 60}},
-                  records);
-        zormod.speech.speechMode = 1;
-    }
-    QWidget* sheet(const char* name) { return partOf("frmSHEET", name); }
-    void press(const char* view, const char* button) {
-        QTest::mouseClick(partOf(view, button), Qt::LeftButton);
-        world.later();
-        settle();
-    }
-    /// A point in the middle of a cell of the standard view.
-    QPoint middleOf(int row, int item) {
-        const int unit = cellWidth() / itemColumns(zormod, zormod.position.curItem);
-        return QPoint((itemColumn(zormod, item) + 1) * unit, (row - 1) * rowHeight() + rowHeight() / 2);
-    }
-    int rowHeight() { return sheet("Picture2")->height() - 2 * EchoCell::frame; }
-    int cellWidth() { return sheet("Picture2")->width() - 2 * EchoCell::frame; }
-    void clickCell(int row, int item) {
-        QTest::mouseClick(sheet("Picture1"), Qt::LeftButton, {}, middleOf(row, item));
-        settle();
-    }
-    QImage image(const char* name) { return sheet(name)->grab().toImage(); }
-    std::pair<int, int> place() const { return {zormod.position.curRecord, zormod.position.curItem}; }
 };
 
 } // namespace
@@ -230,7 +192,8 @@ TEST(SheetView, TheCurrentCellIsAlwaysInView) {
     ViewDesk desk;
     const auto echoIsInView = [&] {
         const QWidget* echo = desk.sheet("Picture2");
-        return echo->x() >= -EchoCell::frame && echo->x() < desk.sheet("Picture1")->width() - 20 && echo->y() >= -EchoCell::frame &&
+        return echo->x() >= -EchoCell::frame && echo->x() < desk.sheet("Picture1")->width() - 20 &&
+               echo->y() >= -EchoCell::frame &&
                echo->geometry().bottom() <= desk.sheet("Picture1")->height() + EchoCell::frame;
     };
     for (int i = 0; i < 4; ++i) {
@@ -298,107 +261,4 @@ TEST(SheetView, AMaskOutsideTheWindowIsNotSeen) {
     ViewDesk desk;
     desk.form.views()[0]->paintMask(MaskKind::wholes, {200, 300, 0, 1});
     EXPECT_TRUE(desk.sheet("LblMUSK")->isHidden());
-}
-
-TEST(CardView, ShowsNumberNameAndDataOfTheCurrentRecord) {
-    ViewDesk desk;
-    desk.key(plainKey(Key::right));
-    desk.press("frmSHEET", "Command3");
-    EXPECT_EQ(desk.zormod.display.viewMode, 1);
-    EXPECT_EQ(desk.focus(), "txtinputbox");
-    auto* grid = static_cast<QTableView*>(desk.partOf("frmKOJIND", "Grid1"));
-    ASSERT_TRUE(grid->isVisible());
-    const auto cell = [&](int row, int column) { return grid->model()->index(row, column).data().toString(); };
-    EXPECT_EQ(cell(1, 0), QStringLiteral("1"));
-    EXPECT_EQ(cell(1, 1), QStringLiteral("氏名"));
-    EXPECT_EQ(cell(1, 2), QStringLiteral("山田"));
-    EXPECT_EQ(grid->model()->rowCount(), 5);
-    EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("項目名"));
-    EXPECT_EQ(grid->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("  データ"));
-    EXPECT_EQ(grid->currentIndex().row(), 1);
-    const auto* heading = static_cast<QLabel*>(desk.partOf("frmKOJIND", "heading"));
-    EXPECT_EQ(heading->text(), QStringLiteral("ロミカカード形式表示1記録"));
-    EXPECT_EQ(desk.part("frmKOJIND")->accessibleName(), heading->text());
-    EXPECT_EQ(static_cast<QLabel*>(desk.partOf("frmKOJIND", "Label1"))->text(), QStringLiteral("ID:1"));
-    desk.key(plainKey(Key::down));
-    EXPECT_EQ(heading->text(), QStringLiteral("ロミカカード形式表示2記録"));
-    EXPECT_EQ(grid->currentIndex().row(), 1);
-}
-
-TEST(CardView, AClickPicksTheItemAndDataInputGoesBack) {
-    ViewDesk desk;
-    desk.press("frmSHEET", "Command3");
-    auto* grid = static_cast<QTableView*>(desk.partOf("frmKOJIND", "Grid1"));
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(3, 2)).center());
-    desk.settle();
-    EXPECT_EQ(desk.place(), std::pair(1, 3));
-    EXPECT_EQ(desk.focus(), "txtinputbox");
-    desk.press("frmKOJIND", "Command3");
-    EXPECT_EQ(desk.focus(), "txtinputbox");
-}
-
-TEST(GridView, ShowsTheWindowWithNumbersAndNames) {
-    ViewDesk desk;
-    desk.press("frmSHEET", "Command3");
-    desk.press("frmKOJIND", "Command1");
-    EXPECT_EQ(desk.zormod.display.viewMode, 2);
-    auto* grid = static_cast<QTableView*>(desk.partOf("frmGrid", "Grid1"));
-    EXPECT_EQ(grid->model()->rowCount(), desk.zormod.position.windowRows);
-    EXPECT_EQ(grid->model()->columnCount(), 5);
-    EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("氏名"));
-    EXPECT_EQ(grid->model()->headerData(1, Qt::Vertical).toString(), QStringLiteral("2"));
-    EXPECT_EQ(grid->model()->index(0, 1).data().toString(), QStringLiteral("山田"));
-    const int unit = QFontMetrics(grid->font()).horizontalAdvance(u'0');
-    EXPECT_EQ(grid->columnWidth(1), 14 * unit);
-    desk.key(plainKey(Key::right));
-    EXPECT_EQ(static_cast<QLabel*>(desk.partOf("frmGrid", "Label1"))->text(), QStringLiteral("山田"));
-    EXPECT_EQ(grid->currentIndex(), grid->model()->index(0, 1));
-    desk.press("frmGrid", "Command1");
-    EXPECT_EQ(desk.zormod.display.viewMode, 0);
-    EXPECT_TRUE(desk.part("frmSHEET")->isVisible());
-}
-
-TEST(GridView, IsRebuiltOnlyWhenTheTablesShapeChanges) {
-    ViewDesk desk;
-    desk.zormod.display.viewMode = 2;
-    desk.form.redrawView();
-    const auto& grid = static_cast<const frmGrid&>(*desk.form.views()[2]);
-    const int built = grid.rebuilds();
-    desk.key(plainKey(Key::down));
-    desk.key(plainKey(Key::right));
-    desk.keys.type(u"abc");
-    desk.key(plainKey(Key::enter));
-    EXPECT_EQ(grid.rebuilds(), built);
-    desk.zormod.items.itemWidth[1] = 9;
-    desk.form.redrawView();
-    EXPECT_EQ(grid.rebuilds(), built + 1);
-}
-
-TEST(GridView, AClickPicksRecordAndItem) {
-    ViewDesk desk;
-    desk.zormod.display.viewMode = 2;
-    desk.form.redrawView();
-    desk.settle();
-    auto* grid = static_cast<QTableView*>(desk.partOf("frmGrid", "Grid1"));
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(2, 1)).center());
-    desk.settle();
-    EXPECT_EQ(desk.place(), std::pair(3, 1));
-    EXPECT_EQ(desk.focus(), "txtinputbox");
-}
-
-TEST(Views, AreDrawnWithoutATableAndWithATableOfOneItem) {
-    EditDesk desk;
-    desk.open(desk.form);
-    for (const int mode : {0, 1, 2}) {
-        desk.zormod.display.viewMode = static_cast<std::int16_t>(mode);
-        desk.form.redrawView();
-        desk.settle();
-        EXPECT_FALSE(desk.form.grab().isNull());
-    }
-    EditDesk empty;
-    empty.openTable({{u"ID", u"L", 5}}, {});
-    EXPECT_EQ(empty.text("Text1"), "0");
-    EXPECT_EQ(empty.text("txtREC"), " 1");
-    EXPECT_FALSE(empty.form.grab().isNull());
-    EXPECT_EQ(empty.endStatus, std::nullopt);
 }
