@@ -10,11 +10,13 @@
 #include "platform/posix/start_paths.h"
 #include "platform/utf8.h"
 
-#include <iostream>
+#include <cstdio>
 
 namespace {
 
 constexpr std::size_t largestSource = 1u << 20;
+
+void complain(const std::string& text) { std::fputs((text + "\n").c_str(), stderr); }
 
 /// True if the arguments, the first being the kind of file, made sense.
 bool convert(const std::vector<Text>& arguments) {
@@ -47,13 +49,13 @@ int main(int argc, char** argv) {
         if (!arguments.empty() && convert(arguments)) {
             return 0;
         }
-        std::cerr << "usage: stock_files table SOURCE DATA_FILE ITEM_FILE | board SOURCE TABLE_SOURCE FILE | "
-                     "guide SOURCE FILE\n";
+        complain("usage: stock_files table SOURCE DATA_FILE ITEM_FILE | board SOURCE TABLE_SOURCE FILE | "
+                 "guide SOURCE FILE");
         return 2;
     } catch (const SourceError& error) {
-        std::cerr << argv[2] << ":" << toUtf8(plainNumber(error.line)) << ": " << toUtf8(error.what) << "\n";
+        complain(argv[2] + (":" + toUtf8(plainNumber(error.line)) + ": ") + toUtf8(error.what));
     } catch (const RuntimeFailure&) {
-        std::cerr << "stock_files: a file of " << argv[2] << " can't be read or written\n";
+        complain(std::string("stock_files: a file of ") + argv[2] + " can't be read or written");
     }
     return 1;
 }

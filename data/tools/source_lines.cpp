@@ -4,6 +4,7 @@
 #include "platform/utf8.h"
 
 #include <algorithm>
+#include <cmath>
 
 const Text& Statement::field(std::size_t index, std::size_t count) const {
     if (fields.size() != count) {
@@ -15,7 +16,7 @@ const Text& Statement::field(std::size_t index, std::size_t count) const {
 int Statement::number(std::size_t index, std::size_t count, int least, int most) const {
     const Text& text = field(index, count);
     const double value = Val(text);
-    if (value < least || value > most || plainNumber(value) != text) {
+    if (value < least || value > most || value != std::floor(value) || plainNumber(value) != text) {
         throw SourceError{line, text + u" is no number from " + plainNumber(least) + u" to " + plainNumber(most)};
     }
     return static_cast<int>(value);
