@@ -16,7 +16,9 @@ namespace {
 
 constexpr std::size_t largestSource = 1u << 20;
 
-void complain(const std::string& text) { std::fputs((text + "\n").c_str(), stderr); }
+void complain(const std::string& text) {
+    std::fputs((text + "\n").c_str(), stderr);
+}
 
 /// True if the arguments, the first being the kind of file, made sense.
 bool convert(const std::vector<Text>& arguments) {

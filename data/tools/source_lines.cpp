@@ -29,7 +29,8 @@ std::vector<SourceLine> sourceLines(const CodePage& codePage, BytesView utf8) {
         const std::size_t number = lines.size() + 1;
         const Text text = fromUtf8(utf8.substr(0, end));
         for (const char16_t unit : text) {
-            if (unit < u' ' || !codePage.canEncode(unit) || codePage.decode(codePage.encode(Text(1, unit)))[0] != unit) {
+            if (unit < u' ' || !codePage.canEncode(unit) ||
+                codePage.decode(codePage.encode(Text(1, unit)))[0] != unit) {
                 throw SourceError{number, u"the code page lacks " + Text(1, unit)};
             }
         }

@@ -68,8 +68,8 @@ private:
     void addRecord(const Statement& statement) {
         Bytes record;
         for (int i = 0; i < itemsRead_; ++i) {
-            const Bytes cell = codePage_.encode(statement.field(static_cast<std::size_t>(i),
-                                                                static_cast<std::size_t>(itemsRead_)));
+            const Bytes cell =
+                codePage_.encode(statement.field(static_cast<std::size_t>(i), static_cast<std::size_t>(itemsRead_)));
             const auto width = static_cast<std::size_t>(table_.items.itemWidth[i]);
             if (cell.size() > width) {
                 throw SourceError{statement.line, u"the cell of " + table_.items.itemName[i] + u" is too long"};

@@ -28,15 +28,17 @@ constexpr const char* guides[] = {
     "readme.txt",
 };
 
-std::string guideText(const std::string& name) { return utf8(CodePage().decode(stockFile(name))); }
+std::string guideText(const std::string& name) {
+    return utf8(CodePage().decode(stockFile(name)));
+}
 
 /// The key of a name as guides and menus write it: "J", "F12", "上", "テンキー3".
 std::optional<Key> keyNamed(const std::string& name) {
     static const std::map<std::string, Key> names{
-        {"Enter", Key::enter}, {"Esc", Key::escape},      {"Tab", Key::tab},     {"BackSpace", Key::backspace},
-        {"スペース", Key::space}, {"左", Key::left},          {"右", Key::right},     {"上", Key::up},
-        {"下", Key::down},       {"End", Key::end},         {"PgUp", Key::pageUp}, {"PgDn", Key::pageDown},
-        {"Ins", Key::insert},   {"Del", Key::del},         {"Shift", Key::shift}, {"Ctrl", Key::control},
+        {"Enter", Key::enter},    {"Esc", Key::escape}, {"Tab", Key::tab},     {"BackSpace", Key::backspace},
+        {"スペース", Key::space}, {"左", Key::left},    {"右", Key::right},    {"上", Key::up},
+        {"下", Key::down},        {"End", Key::end},    {"PgUp", Key::pageUp}, {"PgDn", Key::pageDown},
+        {"Ins", Key::insert},     {"Del", Key::del},    {"Shift", Key::shift}, {"Ctrl", Key::control},
         {"Alt", Key::alt},
     };
     const auto offset = [](Key first, int steps) { return static_cast<Key>(static_cast<int>(first) + steps); };
@@ -108,9 +110,9 @@ bool isMenuKey(const KeyStroke& stroke) {
 
 /// Keys that every form has, whatever control has the focus.
 bool isFormKey(const KeyStroke& stroke) {
-    static const std::vector<std::string> names{"Ctrl+Shift+A", "Alt+N", "Alt+M", "Shift+Ins", "Ctrl+Ins", "Tab",
-                                                "Shift+Tab",    "Enter", "Esc",   "BackSpace", "Shift",    "Ctrl",
-                                                "Alt"};
+    static const std::vector<std::string> names{"Ctrl+Shift+A", "Alt+N",     "Alt+M", "Shift+Ins", "Ctrl+Ins",
+                                                "Tab",          "Shift+Tab", "Enter", "Esc",       "BackSpace",
+                                                "Shift",        "Ctrl",      "Alt"};
     return std::ranges::any_of(names, [&](const auto& name) { return strokeNamed(name) == stroke; });
 }
 
@@ -120,15 +122,42 @@ bool isKeyOfOneForm(const KeyStroke& stroke) {
 }
 
 bool isInputKey(EditWorld& world, const KeyStroke& stroke) {
-    return findInputKey(stroke, true) != nullptr || findReadingKey(stroke) != nullptr || startsRange(world.edit, stroke);
+    return findInputKey(stroke, true) != nullptr || findReadingKey(stroke) != nullptr ||
+           startsRange(world.edit, stroke);
 }
 
 /// Captions of forms, buttons and messages that guides quote besides the menus'.
 const std::set<std::string> otherCaptions{
-    "1行40バイト原稿用紙", "20バイト10項目集計表", "2バイト100項目集計表", "4バイト50項目集計表", "アドレス帖", "家計簿",
-    "サンプル住所録", "サンプル試験結果", "記入済みファイル例", "新規作成(Y)", "既存ファイル(N)", "終了(ESC)",
-    "OK(CR)", "はい(Y)", "いいえ(N)", "ｷｬﾝｾﾙ(ESC)", "実行(CR)", "戻る(CR)", "作業中．．．", "フォルダ作成(F)",
-    "他ﾌｧｲﾙ項目番号の指定", "項目指定", "指定終了", "採点盤読込", "検索", "印刷", "拡大", "縮小",
+    "項目区切りの設定",
+    "決定",
+    "1行40バイト原稿用紙",
+    "20バイト10項目集計表",
+    "2バイト100項目集計表",
+    "4バイト50項目集計表",
+    "アドレス帖",
+    "家計簿",
+    "サンプル住所録",
+    "サンプル試験結果",
+    "記入済みファイル例",
+    "新規作成(Y)",
+    "既存ファイル(N)",
+    "終了(ESC)",
+    "OK(CR)",
+    "はい(Y)",
+    "いいえ(N)",
+    "ｷｬﾝｾﾙ(ESC)",
+    "実行(CR)",
+    "戻る(CR)",
+    "作業中．．．",
+    "フォルダ作成(F)",
+    "他ﾌｧｲﾙ項目番号の指定",
+    "項目指定",
+    "指定終了",
+    "採点盤読込",
+    "検索",
+    "印刷",
+    "拡大",
+    "縮小",
     "このﾌｧｲﾙは別のロミカで使用中です",
 };
 

@@ -39,7 +39,9 @@ TEST(SourceLines, ACharacterThatWouldComeBackAsAnotherIsRefused) {
     EXPECT_EQ(failingLine("memo: \xE3\x80\x9C\n"), 1) << "the wave dash is stored as its partner";
 }
 
-TEST(SourceLines, ALineWithoutAColonIsNoStatement) { EXPECT_EQ(failingLine("memo: a\nrecord 1\n"), 2); }
+TEST(SourceLines, ALineWithoutAColonIsNoStatement) {
+    EXPECT_EQ(failingLine("memo: a\nrecord 1\n"), 2);
+}
 
 TEST(SourceLines, NumbersKeepTheirRange) {
     const auto found = statements(CodePage(), "item: 1 | x | 2.5 | -3\n");

@@ -1,11 +1,11 @@
 // What scoring, groups and correlation will find in the sample of test results: results that show something.
 
 #include "data/stock.h"
+#include "platform/number_reader.h"
+#include "platform/utf8.h"
 #include "sheet/cell.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
-#include "platform/number_reader.h"
-#include "platform/utf8.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>

@@ -14,14 +14,20 @@ namespace {
 
 struct StockTable {
     const char* source;
-    int items;   ///< beyond the ID item
-    int width;   ///< of each of them; 0 where they differ
+    int items; ///< beyond the ID item
+    int width; ///< of each of them; 0 where they differ
     int records;
 };
 
 constexpr StockTable stockTables[] = {
-    {"m1", 9, 0, 0},    {"m2", 11, 0, 0},  {"s10", 10, 20, 0},          {"s50", 50, 4, 0},
-    {"s100", 100, 2, 0}, {"g40", 0, 0, 0}, {"サンプル住所録", 11, 0, 30}, {"サンプル試験結果", 30, 0, 40},
+    {"m1", 9, 0, 0},
+    {"m2", 11, 0, 0},
+    {"s10", 10, 20, 0},
+    {"s50", 50, 4, 0},
+    {"s100", 100, 2, 0},
+    {"g40", 0, 0, 0},
+    {"サンプル住所録", 11, 0, 30},
+    {"サンプル試験結果", 30, 0, 40},
 };
 
 /// A world with one table of the stock open.
