@@ -1,7 +1,7 @@
 #pragma once
-// The voice of the menus: the entry that becomes the highlighted one says itself through the throttle. A menu that opens
-// highlights itself and its first entry at once; both are said as one text, or the entry would be dropped. It listens to
-// the toolkit's menus and decides nothing; the words are in edit/menu_text.
+// The voice of the menus: the entry that becomes the highlighted one says itself through the throttle. A menu that
+// opens highlights itself and its first entry at once; both are said as one text, or the entry would be dropped. It
+// listens to the toolkit's menus and decides nothing; the words are in edit/menu_text.
 
 #include "platform/qt/form_context.h"
 #include "platform/text.h"

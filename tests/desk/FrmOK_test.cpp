@@ -1,6 +1,7 @@
 #include "support/qt/message_desk.h"
 
 #include <QAbstractScrollArea>
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
@@ -117,6 +118,23 @@ TEST(FrmOK, TheKeyThatOpenedItIsMuteUntilItIsLetGo) {
     desk.keys.down(plainKey(Key::enter));
     desk.settle();
     EXPECT_FALSE(closedByRepeats);
+    EXPECT_EQ(desk.ups, 0);
+}
+
+TEST(FrmOK, TheAcceleratorThatOpenedItGivesNoKeyUp) {
+    MessageDesk desk;
+    auto* action = new QAction(&desk.form);
+    action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    desk.form.addAction(action);
+    QObject::connect(action, &QAction::triggered, &desk.form,
+                     desk.guard.wrap([&] { desk.zormod.platform.dialogs.showMessage(u"a", u"b"); }));
+    desk.inNextModal([&] {
+        desk.keys.up(ctrlKey(Key::k));
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.keys.down(ctrlKey(Key::k));
+    desk.settle();
+    EXPECT_EQ(desk.title(), "Owner");
     EXPECT_EQ(desk.ups, 0);
 }
 

@@ -77,7 +77,8 @@ TEST(Form1Menus, EveryEntryIsReachedByItsLetterAndTheArrows) {
             desk.altLetter(QChar(letter));
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             ASSERT_NE(menu, nullptr) << utf8(group.caption);
-            for (std::size_t steps = 0; menu->activeAction() != menu->actions().at(static_cast<qsizetype>(i)); ++steps) {
+            for (std::size_t steps = 0; menu->activeAction() != menu->actions().at(static_cast<qsizetype>(i));
+                 ++steps) {
                 ASSERT_LE(steps, group.entries.size()) << utf8(group.entries[i].name);
                 QTest::keyClick(menu, Qt::Key_Down);
             }
@@ -121,6 +122,11 @@ TEST(Form1Menus, AnOpenedMenuSaysItselfAndItsFirstEntryTogether) {
     desk.altLetter(u'J');
     EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー。記録ジャンプ､Ctrl+J"));
     desk.popupKey(Qt::Key_Escape);
+    EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー")) << "the bar has the keys now";
+    EXPECT_NE(desk.focus(), "txtinputbox");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
 TEST(Form1Menus, AltGoesToTheBarSaysTheMenuAndEscapeComesBackWithoutAWord) {

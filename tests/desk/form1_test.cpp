@@ -16,6 +16,23 @@ using ::testing::IsEmpty;
 
 namespace {
 
+/// Counts how often the parts of a widget are laid out.
+class LayoutCount : public QObject {
+public:
+    explicit LayoutCount(QWidget& widget) {
+        for (QWidget* watched : widget.findChildren<QWidget*>()) {
+            watched->installEventFilter(this);
+        }
+    }
+    int events = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        events += event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize ? 1 : 0;
+        return false;
+    }
+};
+
 /// A small table, open, the current cell on record 1, item 0.
 struct Form1Desk : EditDesk {
     explicit Form1Desk(int speechMode = 1) {
@@ -61,10 +78,8 @@ TEST(Form1, WalkingInDataModeSpeaksTheDataAlone) {
 
 TEST(Form1, WalkingInDetailModeSpeaksRowItemAndName) {
     Form1Desk desk(2);
-    EXPECT_THAT(desk.spokenBy(plainKey(Key::right)),
-                ElementsAre("山田､  ｷﾞｮｳ1 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ"));
-    EXPECT_THAT(desk.spokenBy(plainKey(Key::down)),
-                ElementsAre("鈴木 ､  ｷﾞｮｳ2 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ"));
+    EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre("山田､  ｷﾞｮｳ1 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ"));
+    EXPECT_THAT(desk.spokenBy(plainKey(Key::down)), ElementsAre("鈴木 ､  ｷﾞｮｳ2 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ"));
 }
 
 TEST(Form1, AHeldArrowSpeaksAtMostOncePerInhibitTime) {
@@ -180,8 +195,8 @@ TEST(Form1, ShortcutsWinOverTheBoxsOwnEditingKeys) {
         desk.commands.bind(name, [&ran, name] { ran.push_back(utf8(name)); });
     }
     desk.keys.type(u"ab");
-    for (const KeyStroke& stroke : {ctrlKey(Key::a), ctrlKey(Key::y), ctrlKey(Key::u), ctrlKey(Key::h),
-                                    ctrlKey(Key::i), plainKey(Key::f3)}) {
+    for (const KeyStroke& stroke :
+         {ctrlKey(Key::a), ctrlKey(Key::y), ctrlKey(Key::u), ctrlKey(Key::h), ctrlKey(Key::i), plainKey(Key::f3)}) {
         desk.key(stroke);
     }
     EXPECT_THAT(ran, ElementsAre("mnuSPITEM", "mnuIPASTE", "mnuCTRLU", "mnuHJ", "mnuDEPAST", "mnuSEARCH"));
@@ -265,4 +280,30 @@ TEST(Form1, AFailureInAKeyIsToldAndTheProgramGoesOn) {
     EXPECT_EQ(desk.endStatus, std::nullopt);
     EXPECT_EQ(desk.focus(), "txtinputbox");
     EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre("山田､"));
+}
+
+TEST(Form1, NothingMovesWhenItemsOfDifferentWidthAreWalked) {
+    EditDesk desk;
+    desk.form.resize(1000, 700);
+    desk.openTable({{u"ID", u"L", 12}, {u"氏名", u"L", 100}, {u"年齢", u"R", 2}},
+                   {{u"1", u"a", u"1"}, {u"123456789012", u"b", u"2"}});
+    const auto stands = [&] {
+        return std::pair(desk.part("frmSHEET")->geometry(), desk.part("RichTextBox2")->mapTo(&desk.form, QPoint()));
+    };
+    const auto before = stands();
+    const int rows = desk.zormod.position.windowRows;
+    for (const Key key : {Key::right, Key::right, Key::down, Key::left}) {
+        desk.key(plainKey(key));
+        EXPECT_EQ(stands(), before);
+        EXPECT_EQ(desk.zormod.position.windowRows, rows);
+    }
+}
+
+TEST(Form1, LaysItselfOutNoMoreOnceItStands) {
+    Form1Desk desk;
+    desk.key(plainKey(Key::right));
+    desk.settle();
+    const LayoutCount count(desk.form);
+    desk.settle();
+    EXPECT_EQ(count.events, 0);
 }

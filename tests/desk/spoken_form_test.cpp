@@ -71,8 +71,7 @@ TEST(SpokenForm, SaysItsOpeningTextOncePerOpening) {
 
     QWidget other;
     desk.open(other);
-    desk.window->activateWindow();
-    desk.settle();
+    desk.bringToFront(*desk.window);
     EXPECT_THAT(desk.spoken(), IsEmpty()) << "coming back to the front is no opening";
 
     desk.window->hide();
@@ -263,8 +262,7 @@ TEST(SpokenForm, FocusRulesRunForMovesInsideTheProgramOnly) {
 
     QWidget other;
     desk.open(other);
-    desk.window->activateWindow();
-    desk.settle();
+    desk.bringToFront(*desk.window);
     EXPECT_EQ(desk.focus(), "Text1");
     EXPECT_EQ(gained, 0);
     EXPECT_EQ(lost, 0);

@@ -169,7 +169,12 @@ void SpokenForm::focusMoved(QWidget* from, QWidget* to) {
 
 void SpokenForm::openSoon() {
     openingDue_ = false;
-    QMetaObject::invokeMethod(this, context_.guard.wrap([this] { sayOpening(); }), Qt::QueuedConnection);
+    const auto opening = context_.guard.wrap([this] {
+        if (form_.isVisible()) { // it may have been closed by keys typed ahead
+            sayOpening();
+        }
+    });
+    QMetaObject::invokeMethod(this, opening, Qt::QueuedConnection);
 }
 
 bool SpokenForm::eventFilter(QObject* watched, QEvent* event) {

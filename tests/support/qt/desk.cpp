@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int turnsUntilSettled = 12;
-constexpr int turnsUntilStuck = 3000;
+constexpr qint64 stuckAfter = 5000; // milliseconds; only a test that fails waits so long
 
 RomikaApplication& application() {
     return *static_cast<RomikaApplication*>(QCoreApplication::instance());
@@ -41,6 +41,10 @@ Desk::~Desk() {
 
 void Desk::open(QWidget& form) {
     form.show();
+    bringToFront(form);
+}
+
+void Desk::bringToFront(QWidget& form) {
     form.activateWindow();
     settle();
     // A window that was hidden and comes back is not activated without a window manager.
@@ -90,6 +94,11 @@ QWidget* Desk::control(QAnyStringView name) const {
     return found;
 }
 
+void Desk::rest() {
+    turns_ = 0;
+    stuck_.start();
+}
+
 // A timer of its own for each turn: one that repeats would rest while a form opened from it is up.
 void Desk::watchSoon() {
     QTimer::singleShot(0, &anchor_, [this] { watch(); });
@@ -100,24 +109,24 @@ void Desk::watch() {
     manageWindows();
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr) {
-        patience_ = 0;
+        rest();
         return;
     }
-    ++patience_;
+    turns_ = QApplication::activeWindow() == modal ? turns_ + 1 : 0;
     const bool isServed = served_.contains(modal);
-    const bool isReady = QApplication::activeWindow() == modal && patience_ >= turnsUntilSettled;
-    const bool isStuck = patience_ > turnsUntilStuck;
+    const bool isReady = turns_ >= turnsUntilSettled;
+    const bool isStuck = stuck_.hasExpired(stuckAfter);
     if (isReady && !isServed && !scripts_.empty()) {
         served_.append(modal);
-        patience_ = 0;
+        rest();
         const auto script = scripts_.front();
         scripts_.pop_front();
         script();
-        patience_ = 0;
+        rest();
     } else if ((isReady && !isServed) || isStuck) {
         ADD_FAILURE() << (isServed ? "a form was left open: " : "a form came up that nobody expected: ")
                       << modal->windowTitle().toStdString();
-        patience_ = 0;
+        rest();
         static_cast<QDialog*>(modal)->reject();
     }
 }
