@@ -18,8 +18,10 @@
 #include "platform/qt/held_keys.h"
 #include "platform/qt/keeper_clipboard.h"
 #include "platform/qt/romika_application.h"
+#include "platform/qt/turn_giver.h"
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
+#include "voice/forms/form_table.h"
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
 
@@ -46,19 +48,24 @@ int main(int argc, char** argv) {
     SystemClock clock;
     DesktopBeeper beeper;
     PosixFiles files(defaultDrives(), startFolder());
+    files.lookForMedia(mountedMedia);
     const CodePage codePage;
     MessageDialogs dialogs;
     ScreenLink screen;
     CommandTable commands;
-    ZORMOD zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands});
+    FormTable forms;
+    TurnGiver eventLoop;
+    ZORMOD zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands, forms, eventLoop});
 
     EventGuard guard(zormod, [](int status) { QCoreApplication::exit(status); });
     guard.setCleanup([&](const RuntimeFailure& failure) { putStateRight(zormod, failure); });
     application.setGuard(&guard);
+    eventLoop.setGuard(guard);
     HeldKeys heldKeys;
     ModalRunner modals(guard, heldKeys);
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
+    forms.setContext(context);
 
     EditScreen edit(zormod);
     connectPositionBoxes(edit);
@@ -73,7 +80,10 @@ int main(int argc, char** argv) {
         // In the event loop, so that a refusal can show its message and an end of the program ends the loop.
         QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(edit, argument); }));
     }
-    QApplication::exec();
+    // An end that rose before the loop runs would be forgotten by it.
+    if (!guard.isEndPending()) {
+        QApplication::exec();
+    }
     application.setGuard(nullptr);
     return guard.exitStatus();
 }

@@ -10,7 +10,9 @@ constexpr int largestAtFirst = 24;
 } // namespace
 
 int firstFontSize(int textPixels) {
-    const auto isLargeEnough = [&](int size) { return size == largestAtFirst || fontPixels(size) * 4 >= textPixels * 5; };
+    const auto isLargeEnough = [&](int size) {
+        return size == largestAtFirst || fontPixels(size) * 4 >= textPixels * 5;
+    };
     return *std::find_if(sizes.begin(), sizes.end(), isLargeEnough);
 }
 

@@ -7,12 +7,14 @@
 /// are `textPixels` high, so that a desktop with large letters has a sheet with large letters.
 int firstFontSize(int textPixels);
 
-/// The next larger size; none from 48 on: a sheet of larger letters than that shows too little of a row to be of use, and
-/// only a size set elsewhere gets there.
+/// The next larger size; none from 48 on: a sheet of larger letters than that shows too little of a row to be of use,
+/// and only a size set elsewhere gets there.
 std::optional<int> largerFontSize(int size);
 /// The next smaller size; none below the smallest.
 std::optional<int> smallerFontSize(int size);
 
 /// Height of the font in pixels. Always even, so that a half-width character is a whole number of pixels wide and
 /// exactly half of a full-width one.
-constexpr int fontPixels(int size) { return 2 * size; }
+constexpr int fontPixels(int size) {
+    return 2 * size;
+}

@@ -1,6 +1,6 @@
 #pragma once
-// The kind of data that menus are written in. The edit screen builds its menu bar from such a table and runs the entry's
-// name as a command; it knows no entry by itself.
+// The kind of data that menus are written in. The edit screen builds its menu bar from such a table and runs the
+// entry's name as a command; it knows no entry by itself.
 
 #include "platform/text.h"
 

@@ -6,7 +6,7 @@
 
 /// An entry as it stands.
 struct MenuEntryState {
-    Text caption{};  ///< without the mark of its access key
+    Text caption{}; ///< without the mark of its access key
     bool checked = false;
     bool enabled = true;
     bool opensMenu = false;

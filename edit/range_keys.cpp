@@ -1,6 +1,7 @@
 #include "edit/range_keys.h"
 
 #include "edit/movement.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
 #include "platform/commands.h"
@@ -65,10 +66,6 @@ constexpr std::array<FixedKey, 21> fixedKeys = {{
     {itemKind, ctrlKey(Key::right), moveRangeItemsRightCommand},
 }};
 
-bool isModifier(Key key) {
-    return key == Key::shift || key == Key::control || key == Key::alt;
-}
-
 } // namespace
 
 bool startsRange(EditScreen& edit, const KeyStroke& stroke) {
@@ -97,7 +94,7 @@ bool startsRange(EditScreen& edit, const KeyStroke& stroke) {
 
 KeyOutcome fixedRangeKey(EditScreen& edit, const KeyStroke& stroke) {
     ZORMOD& zormod = edit.zormod;
-    if (isModifier(stroke.key)) {
+    if (isModifierKey(stroke.key)) {
         if (stroke == plainKey(Key::shift)) {
             zormod.platform.commands.run(readRangeCommand);
         }
@@ -124,8 +121,7 @@ KeyOutcome fixedRangeKey(EditScreen& edit, const KeyStroke& stroke) {
 }
 
 void cancelRange(EditScreen& edit) {
-    edit.zormod.selection = {};
-    edit.zormod.platform.screen.hideMask();
+    dropRange(edit.zormod);
     edit.zormod.platform.screen.redrawView();
     showCurrentCellAtRest(edit);
 }

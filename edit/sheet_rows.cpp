@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr int fewestRows = 2;
+/// With fewer rows the current record would stand in the first one, and Up, which never leaves the window, could not move.
+constexpr int fewestRows = 4;
 constexpr int mostRows = 100;
 
 bool rowIsShown(const ZORMOD& zormod, std::int64_t row) {
@@ -142,9 +143,8 @@ Text viewCell(const ZORMOD& zormod, std::int64_t row, std::int64_t item) {
     }
     const auto from = static_cast<std::size_t>(itemColumn(zormod, item));
     const BytesView bytes = rowBytes(zormod, row);
-    const BytesView cell = from < bytes.size()
-                               ? bytes.substr(from, static_cast<std::size_t>(itemColumns(zormod, item)))
-                               : BytesView();
+    const BytesView cell =
+        from < bytes.size() ? bytes.substr(from, static_cast<std::size_t>(itemColumns(zormod, item))) : BytesView();
     return onlySlashes(cell) ? Text() : trimmed(zormod.platform.codePage.decode(cell));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // What the views show, as characters with their places: rows of the record window, the item header, the record numbers,
-// and the way back from a point to a row and an item. The views ask here while they paint, so nothing in this file reads
-// the data file, changes the state or throws; a row or item that doesn't exist is simply empty.
+// and the way back from a point to a row and an item. The views ask here while they paint, so nothing in this file
+// reads the data file, changes the state or throws; a row or item that doesn't exist is simply empty.
 //
 // A place is a column: a half-width place from 0 at the record's first byte. Each byte of a record takes exactly one
 // column, so a double-byte character takes two and every item starts below its name at every size of the font.
@@ -15,8 +15,8 @@
 struct SheetGlyph {
     char16_t unit = u' ';
     int column = 0;
-    int columns = 1;        ///< 1 half-width, 2 full-width
-    bool printable = true;  ///< false: a byte that forms no character, or a control character; drawn as an empty box
+    int columns = 1;       ///< 1 half-width, 2 full-width
+    bool printable = true; ///< false: a byte that forms no character, or a control character; drawn as an empty box
     bool operator==(const SheetGlyph&) const = default;
 };
 
@@ -71,5 +71,5 @@ int rowAtHeight(const ZORMOD& zormod, int y, int rowHeight);
 /// Text of a cell for the views: trimmed, "/" cells empty. Empty outside the window or the table.
 Text viewCell(const ZORMOD& zormod, std::int64_t row, std::int64_t item);
 
-/// Rows that a view of `height` has room for: 2 to 100.
+/// Rows that a view of `height` has room for, at least 4 and at most 100. A view too low for four scrolls.
 std::int16_t rowsThatFit(int height, int rowHeight);

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
+#include <vector>
 
 /// A file open in random access, closed by its destructor. It stays bound to the file that was opened.
 class RandomFile {
@@ -32,6 +32,12 @@ public:
 class TableLock {
 public:
     virtual ~TableLock() = default;
+};
+
+/// What a folder holds, hidden entries left out, each list in the order of the names without regard to case.
+struct FolderContents {
+    std::vector<Text> folders; ///< names without any path; the folder above is not among them
+    std::vector<Text> files;
 };
 
 /// Files, folders and drives.
@@ -59,4 +65,13 @@ public:
     /// shared; a file that doesn't exist yet or can't be opened, or a file system without locks, gives a claim that
     /// excludes nobody: the opening that follows tells why.
     virtual std::unique_ptr<TableLock> lockTable(const Text& path) = 0;
+    /// Deletes a file. A file that doesn't exist, or a folder, is a failure.
+    virtual void remove(const Text& path) = 0;
+    /// Makes a folder. One that exists already, or whose parent doesn't, is a failure.
+    virtual void makeFolder(const Text& path) = 0;
+    /// The letters of the drives there are now, in order. Media mounted since the last call have got letters of their
+    /// own; a letter once given keeps its folder.
+    virtual std::vector<Text> drives() = 0;
+    /// What the folder at `path` holds.
+    virtual FolderContents folderContents(const Text& path) = 0;
 };

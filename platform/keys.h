@@ -17,6 +17,9 @@ enum class Key {
     a, b, c, d, e, f, g, h, i, j, k, l, m, n, o, p, q, r, s, t, u, v, w, x, y, z,
 };
 
+/// True for the modifier keys themselves.
+constexpr bool isModifierKey(Key key) { return key == Key::shift || key == Key::control || key == Key::alt; }
+
 /// A key with the modifier keys that are held besides it. For a modifier key itself its own flag is left out, so
 /// {Key::shift} is "Shift and nothing else".
 struct KeyStroke {

@@ -7,7 +7,9 @@ class Clock;
 class CodePage;
 class Commands;
 class Dialogs;
+class EventLoop;
 class Files;
+class Forms;
 class Screen;
 
 /// References to all interfaces. The objects outlive everything that holds this struct.
@@ -20,4 +22,6 @@ struct Platform {
     Dialogs& dialogs;
     Screen& screen;
     Commands& commands;
+    Forms& forms;
+    EventLoop& eventLoop;
 };

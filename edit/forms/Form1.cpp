@@ -5,6 +5,7 @@
 #include "edit/forms/menu_voice.h"
 #include "edit/forms/panel.h"
 #include "edit/forms/panel_binding.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "edit/window_rows.h"
 #include "platform/commands.h"
@@ -25,7 +26,12 @@ namespace {
 
 FormVoice form1Voice() {
     const auto text = [] {
-        return Text(u"ロミカのベースWindowです。データ入力テキストボックスに　データを入力して、リターンキーをたたくと、ぎょう、項目番号で規定された セルに　テキストデータが うわがき　され、次の項目に、かきこみ項目が移動します。また  タブ キー で　記録番号や、項目番号テキストボックスなどに　フォーカスを移動すると　現在の記録番号や　項目番号が　読み上げられます。記録番号や項目番号を書きなおし、CRキーをたたくと。そのセルに、かきこみセルが、移動します。");
+        return Text(u"ロミカのベースWindowです。データ入力テキストボックスに　データを入力して、"
+                    u"リターンキーをたたくと、ぎょう、項目番号で規定された セルに　テキストデータが うわがき　"
+                    u"され、次の項目に、かきこみ項目が移動します。また  タブ キー で　記録番号や、"
+                    u"項目番号テキストボックスなどに　フォーカスを移動すると　現在の記録番号や　項目番号が　"
+                    u"読み上げられます。記録番号や項目番号を書きなおし、CRキーをたたくと。そのセルに、"
+                    u"かきこみセルが、移動します。");
     };
     return {.description = text, .opening = text};
 }
@@ -61,7 +67,9 @@ Form1::Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, c
 }
 
 // The focus leaves the boxes as they are destroyed, and their rules must not run any more.
-Form1::~Form1() { delete spoken_; }
+Form1::~Form1() {
+    delete spoken_;
+}
 
 ViewActions Form1::viewActions() {
     return {.backToInput = [this] { giveInputBoxFocus(edit_); },
@@ -112,15 +120,25 @@ void Form1::closeEvent(QCloseEvent* event) {
     context_.guard.run([this] { context_.zormod.platform.commands.run(u"mnuEND"); });
 }
 
-void Form1::setTitle(const Text& title) { setWindowTitle(toQt(title)); }
+void Form1::setTitle(const Text& title) {
+    setWindowTitle(toQt(title));
+}
 
-void Form1::showField(PanelField field, const Text& text) { panel_->showText(field, text); }
+void Form1::showField(PanelField field, const Text& text) {
+    panel_->showText(field, text);
+}
 
-void Form1::focusField(PanelField field) { binding_->moveFocus(field); }
+void Form1::focusField(PanelField field) {
+    binding_->moveFocus(field);
+}
 
-void Form1::setInputBoxWidth(int bytes) { panel_->setInputBoxWidth(bytes); }
+void Form1::setInputBoxWidth(int bytes) {
+    panel_->setInputBoxWidth(bytes);
+}
 
-void Form1::showCurrentCell() { ::showCurrentCell(edit_); }
+void Form1::showCurrentCell() {
+    ::showCurrentCell(edit_);
+}
 
 void Form1::redrawView() {
     View& view = viewInForce();
@@ -131,11 +149,17 @@ void Form1::redrawView() {
     }
 }
 
-void Form1::redrawCurrentRow() { viewInForce().redrawCurrentRow(); }
+void Form1::redrawCurrentRow() {
+    viewInForce().redrawCurrentRow();
+}
 
-void Form1::showEcho(const Text& text) { viewInForce().showEcho(text); }
+void Form1::showEcho(const Text& text) {
+    viewInForce().showEcho(text);
+}
 
-void Form1::showCellInEcho() { viewInForce().showCellInEcho(); }
+void Form1::showCellInEcho() {
+    viewInForce().showCellInEcho();
+}
 
 void Form1::hideMask() {
     for (View* view : views_) {
@@ -153,6 +177,10 @@ void Form1::showReadingMode(int speechMode) {
     showSpeek(speechMode != 0);
 }
 
-void Form1::showSpeek(bool visible) { panel_->showSpeek(visible); }
+void Form1::showSpeek(bool visible) {
+    panel_->showSpeek(visible);
+}
 
-void Form1::showPinnedAutoRead(bool on) { mark(u"mnuJY", on); }
+void Form1::showPinnedAutoRead(bool on) {
+    mark(u"mnuJY", on);
+}

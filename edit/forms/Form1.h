@@ -1,6 +1,7 @@
 #pragma once
-// The edit screen's window: the menus, the panel with the input box, and beneath it the view in force. It shows what the
-// logic tells it and hands every event on; it decides nothing. main makes one and connects it as the program's Screen.
+// The edit screen's window: the menus, the panel with the input box, and beneath it the view in force. It shows what
+// the logic tells it and hands every event on; it decides nothing. main makes one and connects it as the program's
+// Screen.
 
 #include "edit/edit_screen.h"
 #include "edit/forms/views.h"

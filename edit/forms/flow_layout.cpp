@@ -4,6 +4,10 @@
 
 #include <algorithm>
 
+namespace {
+constexpr int narrowest = 200;
+} // namespace
+
 FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent) {
     setContentsMargins(4, 2, 4, 2);
     setSpacing(8);
@@ -39,7 +43,9 @@ QSize FlowLayout::minimumSize() const {
         size = size.expandedTo(item->minimumSize());
     }
     const QMargins margins = contentsMargins();
-    return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+    size += QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+    // A long text must not widen the window: a line gives each widget at most its own width.
+    return QSize(std::min(size.width(), narrowest), size.height());
 }
 
 QSize FlowLayout::sizeHint() const {
@@ -60,7 +66,8 @@ int FlowLayout::arrange(const QRect& rect, bool move) const {
     const auto endLine = [&] {
         for (const auto& [item, place] : line) {
             if (move) {
-                item->setGeometry(QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
+                item->setGeometry(
+                    QRect(place.x(), y + (lineHeight - place.height()) / 2, place.width(), place.height()));
             }
         }
         line.clear();
@@ -74,7 +81,8 @@ int FlowLayout::arrange(const QRect& rect, bool move) const {
         }
         const int width = std::min(item->sizeHint().width(), area.width());
         const int height = item->hasHeightForWidth() ? item->heightForWidth(width) : item->sizeHint().height();
-        if (x > area.x() && x + width > area.right() + 1) {
+        const bool startsLine = item->widget() != nullptr && item->widget() == lineStart_;
+        if (x > area.x() && (startsLine || x + width > area.right() + 1)) {
             endLine();
         }
         line.append({item, QRect(x, 0, width, height)});

@@ -1,6 +1,7 @@
 #pragma once
 // A layout that sets its widgets side by side and goes on in a new line where the width ends, as words in a paragraph.
-// With letters several times the normal size the panel and the bars of the views grow downwards instead of off the screen.
+// With letters several times the normal size the panel and the bars of the views grow downwards instead of off the
+// screen.
 
 #include <QLayout>
 #include <QList>
@@ -12,6 +13,9 @@ public:
     ~FlowLayout() override;
     FlowLayout(const FlowLayout&) = delete;
     FlowLayout& operator=(const FlowLayout&) = delete;
+
+    /// Begins a new line with `widget`, whatever room the line before has.
+    void breakBefore(const QWidget* widget) { lineStart_ = widget; }
 
     void addItem(QLayoutItem* item) override;
     int count() const override;
@@ -27,4 +31,5 @@ public:
 private:
     int arrange(const QRect& rect, bool move) const;
     QList<QLayoutItem*> items_;
+    const QWidget* lineStart_ = nullptr;
 };

@@ -18,9 +18,9 @@ QAction* makeAction(QMenuBar& bar, const MenuEntry& entry, const FormContext& co
     if (!entry.key.empty()) {
         action->setShortcut(QKeySequence(toQt(entry.key), QKeySequence::PortableText));
     }
-    QObject::connect(action, &QAction::triggered, &bar, context.guard.wrap([&zormod = context.zormod, name = entry.name] {
-        zormod.platform.commands.run(name);
-    }));
+    QObject::connect(
+        action, &QAction::triggered, &bar,
+        context.guard.wrap([&zormod = context.zormod, name = entry.name] { zormod.platform.commands.run(name); }));
     return action;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// Builds Form1's menu bar from the menu table. Every entry runs the command of its name inside the guard; the keys of the
-// table are the toolkit's shortcuts of the window, so they come before the focused control.
+// Builds Form1's menu bar from the menu table. Every entry runs the command of its name inside the guard; the keys of
+// the table are the toolkit's shortcuts of the window, so they come before the focused control.
 
 #include "edit/menu_table.h"
 #include "platform/qt/form_context.h"

@@ -16,23 +16,24 @@
 namespace {
 
 FormVoice viewVoice() {
-    return {.description = [] { return Text(u"記録を　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。"); }};
+    return {.description = [] {
+        return Text(u"記録を　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　"
+                    u"戻ります。");
+    }};
 }
 
 } // namespace
 
 frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
+    : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent),
       rows_(new GridRows(context.zormod, this)) {
-    Label1->setObjectName(QStringLiteral("Label1"));
     addButton(QStringLiteral("Command1"), u"表示切り替え", [this] { actions_.switchView(0); });
-    bar_->addWidget(Label1);
+    Label1 = addLabel(QStringLiteral("Label1"));
     Grid1 = makeViewTable(rows_, this);
     addFocusable(*Grid1, Grid1->objectName(), u"表形式表示");
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
         context_.guard.run([&] {
-            actions_.pick(recordOfRow(context_.zormod, index.row() + 1),
-                          static_cast<std::int16_t>(index.column()));
+            actions_.pick(recordOfRow(context_.zormod, index.row() + 1), static_cast<std::int16_t>(index.column()));
         });
     });
     Grid1->verticalHeader()->show();

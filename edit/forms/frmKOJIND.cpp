@@ -18,16 +18,18 @@
 namespace {
 
 FormVoice viewVoice() {
-    return {.description = [] { return Text(u"現在の記録の項目番号、項目名、データを　一行ずつ　表示しています。何かキーをたたくと　データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。"); }};
+    return {.description = [] {
+        return Text(u"現在の記録の項目番号、項目名、データを　一行ずつ　表示しています。何かキーをたたくと　"
+                    u"データ入力ﾃｷｽﾄﾎﾞｯｸｽに　戻ります。");
+    }};
 }
 
 } // namespace
 
 frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmKOJIND"), u"ロミカカード形式表示", viewVoice(), context, actions, parent), Label1(new QLabel(this)),
+    : View(QStringLiteral("frmKOJIND"), u"ロミカカード形式表示", viewVoice(), context, actions, parent),
       rows_(new CardRows(context.zormod, this)) {
-    Label1->setObjectName(QStringLiteral("Label1"));
-    bar_->addWidget(Label1);
+    Label1 = addLabel(QStringLiteral("Label1"));
     addButton(QStringLiteral("Command1"), u"表示切替", [this] { actions_.switchView(2); });
     addButton(QStringLiteral("Command3"), u"データ入力", [this] { actions_.backToInput(); });
     Grid1 = makeViewTable(rows_, this);
@@ -36,9 +38,8 @@ frmKOJIND::frmKOJIND(const FormContext& context, const ViewActions& actions, QWi
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->horizontalHeader()->setStretchLastSection(true);
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        context_.guard.run([&] {
-            actions_.pick(context_.zormod.position.curRecord, static_cast<std::int16_t>(index.row()));
-        });
+        context_.guard.run(
+            [&] { actions_.pick(context_.zormod.position.curRecord, static_cast<std::int16_t>(index.row())); });
     });
     body_->addWidget(Grid1, 1);
     fitColumns();

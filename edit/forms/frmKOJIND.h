@@ -1,5 +1,6 @@
 #pragma once
-// The card view: one record, an item a line with its number, name and data. No range can be selected here. Form1 owns it.
+// The card view: one record, an item a line with its number, name and data. No range can be selected here. Form1 owns
+// it.
 
 #include "edit/forms/view.h"
 

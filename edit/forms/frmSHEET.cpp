@@ -1,13 +1,13 @@
 #include "edit/forms/frmSHEET.h"
 
 #include "edit/font_sizes.h"
+#include "edit/forms/sheet_mouse.h"
 #include "platform/beeper.h"
 #include "platform/qt/guard.h"
 #include "platform/qt/qt_text.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -27,14 +27,15 @@ QColor maskColour(MaskKind kind) {
 }
 
 FormVoice sheetVoice() {
-    return {.description = [] { return Text(u"ﾃﾞｰﾀ入力ボックスの下にあるｽﾌﾟﾚｯﾄﾞｼｰﾄにﾌｫｰｶｽがあります。"); }, .captionFirst = false};
+    return {.description = [] { return Text(u"ﾃﾞｰﾀ入力ボックスの下にあるｽﾌﾟﾚｯﾄﾞｼｰﾄにﾌｫｰｶｽがあります。"); },
+            .captionFirst = false};
 }
 
 } // namespace
 
 frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidget* parent)
-    : View(QStringLiteral("frmSHEET"), u"ワークシート", sheetVoice(), context, actions, parent), size_(startSize(*this)),
-      corner_(new QWidget(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this)) {
+    : View(QStringLiteral("frmSHEET"), u"ワークシート", sheetVoice(), context, actions, parent),
+      size_(startSize(*this)), corner_(new QWidget(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this)) {
     const ZORMOD& zormod = context.zormod;
     Picture1 = new SheetLines(QStringLiteral("Picture1"), zormod, place_, this);
     Picture2 = new EchoCell(QStringLiteral("Picture2"), zormod, place_, Picture1);
@@ -49,9 +50,7 @@ frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidg
     addButton(QStringLiteral("Command1"), u"拡大", [this] { changeSize(largerFontSize(size_)); });
     addButton(QStringLiteral("Command2"), u"縮小", [this] { changeSize(smallerFontSize(size_)); });
     addButton(QStringLiteral("Command3"), u"カード", [this] { actions_.switchView(1); });
-    auto* hint = new QLabel(toQt(u"ｾﾙ指定=左ｸﾘｯｸ　右ﾄﾞﾗｯｸﾞ=ｼｰﾄ移動"), this);
-    hint->setObjectName(QStringLiteral("Label1"));
-    bar_->addWidget(hint);
+    addLabel(QStringLiteral("Label1"))->setText(toQt(u"ｾﾙ指定=左ｸﾘｯｸ　右ﾄﾞﾗｯｸﾞ=ｼｰﾄ移動"));
 
     auto* pictures = new QGridLayout;
     pictures->setSpacing(0);
@@ -64,7 +63,9 @@ frmSHEET::frmSHEET(const FormContext& context, const ViewActions& actions, QWidg
     pictures->setRowStretch(1, 1);
     body_->addLayout(pictures, 1);
 
-    Picture1->installEventFilter(this);
+    new SheetMouse(*Picture1, {.pick = [this](QPoint point) { context_.guard.run([&] { pickAt(point); }); },
+                               .corner = [this] { return QPoint(place_.left, place_.top); },
+                               .moveTo = [this](QPoint corner) { scrollTo(corner.x(), corner.y()); }});
     scrollBar_->setFocusPolicy(Qt::NoFocus);
     connect(scrollBar_, &QScrollBar::valueChanged, this, [this](int left) { scrollTo(left, place_.top); });
     useSize(size_);
@@ -111,26 +112,23 @@ void frmSHEET::changeSize(std::optional<int> size) {
     }
     useSize(*size);
     actions_.cancelRange();
-    measureRows();
+    tellRows();
     redraw();
 }
 
 void frmSHEET::useSize(int size) {
     size_ = size;
     place_.font = sheetFont(fontPixels(size));
-    for (QWidget* picture : std::initializer_list<QWidget*>{Picture1, Picture2, Picture3, Picture4, LblMUSK, LblPMUSK}) {
+    for (QWidget* picture :
+         std::initializer_list<QWidget*>{Picture1, Picture2, Picture3, Picture4, LblMUSK, LblPMUSK}) {
         picture->setFont(place_.font.font);
     }
     Picture4->setFixedHeight(place_.font.rowHeight);
     layPictures();
 }
 
-void frmSHEET::measureRows() {
-    const std::int16_t rows = rowsThatFit(Picture1->height(), place_.font.rowHeight);
-    if (rows != toldRows_) {
-        toldRows_ = rows;
-        actions_.rowsChanged(rows);
-    }
+void frmSHEET::tellRows() {
+    actions_.rowsChanged(rowsThatFit(Picture1->height(), place_.font.rowHeight));
 }
 
 void frmSHEET::layPictures() {
@@ -154,12 +152,13 @@ void frmSHEET::keepCellInView() {
     left = std::min(left, std::max(0, cell.left() - EchoCell::frame));
     int top = std::max(place_.top, cell.bottom() + 1 - Picture1->height());
     top = std::min(top, cell.top());
-    const int spare = shownRows(zormod) * place_.font.rowHeight - Picture1->height();
-    scrollTo(left, std::min(top, std::max(0, spare)));
+    scrollTo(left, top);
 }
 
 void frmSHEET::scrollTo(int left, int top) {
+    const int spare = shownRows(context_.zormod) * place_.font.rowHeight - Picture1->height();
     left = std::clamp(left, 0, scrollBar_->maximum());
+    top = std::clamp(top, 0, std::max(0, spare));
     if (left == place_.left && top == place_.top) {
         return;
     }
@@ -182,7 +181,7 @@ void frmSHEET::resizeEvent(QResizeEvent* event) {
     View::resizeEvent(event);
     // The pictures get their new sizes from the layout; only then is there something to measure.
     QMetaObject::invokeMethod(
-        this, [this] { context_.guard.run([this] { measureRows(), redraw(); }); }, Qt::QueuedConnection);
+        this, [this] { context_.guard.run([this] { tellRows(), redraw(); }); }, Qt::QueuedConnection);
 }
 
 void frmSHEET::pickAt(QPoint point) {
@@ -190,41 +189,5 @@ void frmSHEET::pickAt(QPoint point) {
     const int row = rowAtHeight(zormod, point.y() + place_.top, place_.font.rowHeight);
     if (row != 0) {
         actions_.pick(recordOfRow(zormod, row), itemAtColumn(zormod, (point.x() + place_.left) / place_.font.unit));
-    }
-}
-
-bool frmSHEET::mouseOnSheet(QEvent* event) {
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    const QPoint point = mouse->position().toPoint();
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
-        context_.guard.run([&] { pickAt(point); });
-        return true;
-    }
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton) {
-        drag_ = point + QPoint(place_.left, place_.top);
-        return true;
-    }
-    if (event->type() == QEvent::MouseMove && drag_ && mouse->buttons().testFlag(Qt::RightButton)) {
-        const int spare = shownRows(context_.zormod) * place_.font.rowHeight - Picture1->height();
-        scrollTo(drag_->x() - point.x(), std::clamp(drag_->y() - point.y(), 0, std::max(0, spare)));
-        return true;
-    }
-    if (event->type() == QEvent::MouseButtonRelease) {
-        drag_.reset();
-        return true;
-    }
-    return false;
-}
-
-bool frmSHEET::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease:
-        return watched == Picture1 && mouseOnSheet(event);
-    case QEvent::ContextMenu:
-        return true;
-    default:
-        return View::eventFilter(watched, event);
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The standard view: the records of the window below each other, their numbers, the names of the items, and the echo of
-// the current cell, in a font that can be made as large as a person with low vision needs it. A left click picks a cell,
-// a right drag moves the sheet. Form1 owns it.
+// the current cell, in a font that can be made as large as a person with low vision needs it. A left click picks a
+// cell, a right drag moves the sheet. Form1 owns it.
 
 #include "edit/forms/sheet_pictures.h"
 #include "edit/forms/view.h"
@@ -27,18 +27,16 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void changeSize(std::optional<int> size);
     void useSize(int size);
-    void measureRows();
+    void tellRows();
     void layPictures();
     void keepCellInView();
     void scrollTo(int left, int top);
     void moveOverlays();
     void pickAt(QPoint point);
-    bool mouseOnSheet(QEvent* event);
 
     SheetPlace place_;
     int size_;
@@ -50,6 +48,4 @@ private:
     CellMask* LblPMUSK;
     QWidget* corner_;
     QScrollBar* scrollBar_;
-    std::optional<QPoint> drag_; ///< where the sheet was taken hold of
-    std::int16_t toldRows_ = 0;
 };

@@ -10,11 +10,13 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <utility>
+
 MenuVoice::MenuVoice(QMenuBar& bar, const FormContext& context) : QObject(&bar), context_(context) {
-    connect(&bar, &QMenuBar::hovered, this, &MenuVoice::say);
+    connect(&bar, &QMenuBar::hovered, this, &MenuVoice::highlighted);
     for (const QAction* action : bar.actions()) {
         if (const QMenu* menu = action->menu()) {
-            connect(menu, &QMenu::hovered, this, &MenuVoice::say);
+            connect(menu, &QMenu::hovered, this, &MenuVoice::highlighted);
         }
     }
 }
@@ -27,8 +29,25 @@ Text MenuVoice::textOf(const QAction& action) {
                           .key = fromQt(action.shortcut().toString(QKeySequence::PortableText))});
 }
 
-void MenuVoice::say(const QAction* action) {
-    if (action != nullptr) {
-        context_.guard.run([&] { sayThrottled(context_.zormod, textOf(*action)); });
+void MenuVoice::highlighted(QAction* action) {
+    if (action == nullptr || pending_.contains(action)) {
+        return;
+    }
+    if (pending_.isEmpty()) {
+        QMetaObject::invokeMethod(this, context_.guard.wrap([this] { say(); }), Qt::QueuedConnection);
+    }
+    pending_.append(action);
+}
+
+void MenuVoice::say() {
+    Text text;
+    for (const QPointer<QAction>& action : std::exchange(pending_, {})) {
+        if (action) {
+            text += text.empty() ? TextView() : periodPause;
+            text += textOf(*action);
+        }
+    }
+    if (!text.empty()) {
+        sayThrottled(context_.zormod, text);
     }
 }

@@ -1,11 +1,14 @@
 #pragma once
-// The voice of the menus: the entry that becomes the highlighted one says itself through the throttle. It listens to the
-// toolkit's menus and decides nothing; the words are in edit/menu_text.
+// The voice of the menus: the entry that becomes the highlighted one says itself through the throttle. A menu that
+// opens highlights itself and its first entry at once; both are said as one text, or the entry would be dropped. It
+// listens to the toolkit's menus and decides nothing; the words are in edit/menu_text.
 
 #include "platform/qt/form_context.h"
 #include "platform/text.h"
 
+#include <QList>
 #include <QObject>
+#include <QPointer>
 
 class QAction;
 class QMenuBar;
@@ -20,7 +23,9 @@ public:
     static Text textOf(const QAction& action);
 
 private:
-    void say(const QAction* action);
+    void highlighted(QAction* action);
+    void say();
 
     FormContext context_;
+    QList<QPointer<QAction>> pending_; ///< highlighted since the last turn of the event loop
 };

@@ -1,5 +1,6 @@
 #include "edit/forms/panel.h"
 
+#include "edit/forms/field_pair.h"
 #include "edit/forms/flow_layout.h"
 #include "platform/qt/guard.h"
 #include "platform/qt/key_line_edit.h"
@@ -7,7 +8,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollBar>
 
@@ -29,6 +29,11 @@ int boxBytes(PanelField field) {
     }
 }
 
+/// Half-width characters that a label has room for before anything moves.
+int labelBytes(PanelField field) {
+    return field == PanelField::Label11 ? 14 : 20;
+}
+
 } // namespace
 
 Panel::Panel(const FormContext& context, QWidget* parent)
@@ -37,10 +42,8 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    content_->setLayout(new FlowLayout);
-    // The toolkit's own frame takes its colour from the ground and vanishes on a dark one.
-    content_->setStyleSheet(QStringLiteral("QLineEdit { border: 1px solid palette(text); padding: 3px; }"
-                                           "QLineEdit:focus { border: 3px solid palette(highlight); padding: 1px; }"));
+    auto* flow = new FlowLayout;
+    content_->setLayout(flow);
     addPair(addMouseLabel(PanelLabel::Label2, "Label2", u"記録番号"), PanelField::txtREC);
     addPair(addMouseLabel(PanelLabel::Label3, "Label3", u"項目番号"), PanelField::txtItemnum);
     addPair(addLabel("lblName", u"項目名"), PanelField::RichTextBox1);
@@ -54,10 +57,13 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     lblSpeek = addLabel("lblSpeek", u"Speek!");
     content_->layout()->addWidget(lblSpeek);
     addPair(addLabel("lblInput", u"データ入力"), PanelField::txtinputbox);
+    // Its width follows the item. On a line of its own it never moves what stands round it, nor the view.
+    flow->breakBefore(boxes_[PanelField::txtinputbox]->parentWidget());
     for (const PanelField readOnly : {PanelField::Text1, PanelField::RichTextBox1}) {
         boxes_[readOnly]->setReadOnly(true);
     }
     setWidget(content_);
+    content_->installEventFilter(this);
     for (std::size_t i = 1; i < boxOrder().size(); ++i) {
         QWidget::setTabOrder(box(boxOrder()[i - 1]), box(boxOrder()[i]));
     }
@@ -78,23 +84,20 @@ KeyLineEdit* Panel::box(PanelField field) const {
 }
 
 void Panel::addPair(QLabel* label, PanelField field) {
-    auto* pair = new QWidget(content_);
-    auto* layout = new QHBoxLayout(pair);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(label);
-    const bool isLabel = field == PanelField::Label11 || field == PanelField::Label13;
-    if (isLabel) {
-        layout->addWidget(labels_[field] = addLabel(field == PanelField::Label11 ? "Label11" : "Label13", {}));
+    QWidget* named = nullptr;
+    if (field == PanelField::Label11 || field == PanelField::Label13) {
+        named = labels_[field] = addLabel(field == PanelField::Label11 ? "Label11" : "Label13", {});
     } else {
-        layout->addWidget(addBox(field));
-        label->setBuddy(boxes_[field]);
+        named = addBox(field);
+        label->setBuddy(named);
     }
-    content_->layout()->addWidget(pair);
+    content_->layout()->addWidget(new FieldPair(label, named, content_));
 }
 
 KeyLineEdit* Panel::addBox(PanelField field) {
-    return boxes_[field] = new KeyLineEdit(context_, content_);
+    auto* box = new KeyLineEdit(context_, content_);
+    box->setFrame(false);
+    return boxes_[field] = box;
 }
 
 QLabel* Panel::addLabel(const char* name, TextView text) {
@@ -124,23 +127,42 @@ void Panel::setInputBoxWidth(int bytes) {
     fitBoxes();
 }
 
-void Panel::showSpeek(bool visible) { lblSpeek->setVisible(visible); }
+void Panel::showSpeek(bool visible) {
+    lblSpeek->setVisible(visible);
+}
 
 void Panel::fitBoxes() {
-    constexpr int gaps = 24;
+    constexpr int gaps = 8; // of the line
+    bool changed = false;
+    const auto setWidth = [&changed](QWidget& widget, int least, int most) {
+        changed = changed || widget.minimumWidth() != least || widget.maximumWidth() != most;
+        widget.setMinimumWidth(least);
+        widget.setMaximumWidth(most);
+    };
     for (const auto& [field, shown] : boxes_) {
         const QFontMetrics metrics(shown->font());
         const int unit = metrics.horizontalAdvance(QLatin1Char('0'));
         const int bytes = std::max(2, field == PanelField::txtinputbox ? inputBytes_ + 1 : boxBytes(field));
-        const int labelWidth = shown->parentWidget()->layout()->itemAt(0)->sizeHint().width();
-        const int room = std::max(unit * 2, viewport()->width() - labelWidth - gaps);
-        shown->setFixedWidth(std::min(bytes * unit + 12, room));
+        const int extra = static_cast<const FieldPair*>(shown->parentWidget())->extraWidth();
+        const int room = std::max(unit * 2, viewport()->width() - extra - gaps);
+        const int width = std::min(bytes * unit + 12, room);
+        setWidth(*shown, width, width);
     }
-    content_->layout()->invalidate();
-    updateGeometry();
+    // A text that is longer or shorter than the last one must not move everything behind it.
+    const int unit = content_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (const auto& [field, label] : labels_) {
+        setWidth(*label, std::min(labelBytes(field) * unit, viewport()->width() / 2), QWIDGETSIZE_MAX);
+    }
+    // A change asks the toolkit to lay everything out, and that comes back here: it must not go round for ever.
+    if (changed) {
+        content_->layout()->invalidate();
+        updateGeometry();
+    }
 }
 
-QSize Panel::sizeHint() const { return QSize(width(), content_->layout()->heightForWidth(viewport()->width())); }
+QSize Panel::sizeHint() const {
+    return QSize(width(), content_->layout()->heightForWidth(viewport()->width()));
+}
 
 QSize Panel::minimumSizeHint() const {
     // Never more than half the window, or the view would be pushed out; the rest scrolls.
@@ -150,14 +172,24 @@ QSize Panel::minimumSizeHint() const {
 
 void Panel::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    fitBoxes();
-    keepInView(QApplication::focusWidget());
+    settleSoon();
+}
+
+// The boxes get their letters and places from the toolkit one after the other; only then is there something to measure.
+void Panel::settleSoon() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            fitBoxes();
+            keepInView(QApplication::focusWidget());
+        },
+        Qt::QueuedConnection);
 }
 
 void Panel::changeEvent(QEvent* event) {
     QScrollArea::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
-        fitBoxes();
+        settleSoon();
     }
 }
 
@@ -171,6 +203,9 @@ void Panel::keepInView(const QWidget* control) {
 }
 
 bool Panel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == content_ && event->type() == QEvent::LayoutRequest) {
+        settleSoon();
+    }
     const auto label = mouseLabels_.find(watched);
     if (label == mouseLabels_.end()) {
         return QScrollArea::eventFilter(watched, event);

@@ -50,6 +50,7 @@ private:
     QLabel* addLabel(const char* name, TextView text);
     QLabel* addMouseLabel(PanelLabel kind, const char* name, TextView text);
     void fitBoxes();
+    void settleSoon();
     void keepInView(const QWidget* control);
 
     FormContext context_;

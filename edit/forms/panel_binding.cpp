@@ -52,7 +52,8 @@ void PanelBinding::takeIn(PanelField field, QAnyStringView name, ControlVoice vo
 
 void PanelBinding::bindInputBox() {
     KeyLineEdit& box = *panel_.box(PanelField::txtinputbox);
-    takeIn(PanelField::txtinputbox, "txtinputbox", {.onFocus = [this] { inputBoxGotFocus(edit_); }, .ownSheetKeys = true});
+    takeIn(PanelField::txtinputbox, "txtinputbox",
+           {.onFocus = [this] { inputBoxGotFocus(edit_); }, .ownSheetKeys = true});
     box.keys().onKeyDown([this](const KeyStroke& stroke) { return inputBox_.keyDown(stroke); });
     box.keys().onKeyPress([this](char16_t character) { return inputBox_.keyPress(character); });
     box.keys().onKeyUp([this, &box](const KeyStroke& stroke) { inputBox_.keyUp(stroke, box.view()); });

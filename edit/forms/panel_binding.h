@@ -1,6 +1,6 @@
 #pragma once
-// Binds the boxes of the panel to the edit screen's logic: which event of which box runs which of its rules. It holds no
-// rule itself.
+// Binds the boxes of the panel to the edit screen's logic: which event of which box runs which of its rules. It holds
+// no rule itself.
 
 #include "edit/edit_screen.h"
 #include "edit/input_box.h"
@@ -31,6 +31,6 @@ private:
     SpokenForm& form_;
     EditScreen& edit_;
     InputBox& inputBox_;
-    bool moving_ = false;              ///< the program moves the focus: focus rules are the caller's
+    bool moving_ = false; ///< the program moves the focus: focus rules are the caller's
     std::map<PanelField, int> lastSelLength_;
 };

@@ -1,7 +1,7 @@
 #pragma once
-// The font of the sheet and how it is put on the screen. Every character is drawn at its own column, so bytes, names and
-// masks stand exactly above each other at every size, whatever the font says of its widths. Called by the views' paint
-// handlers: nothing here throws or reads a file.
+// The font of the sheet and how it is put on the screen. Every character is drawn at its own column, so bytes, names
+// and masks stand exactly above each other at every size, whatever the font says of its widths. Called by the views'
+// paint handlers: nothing here throws or reads a file.
 
 #include "edit/sheet_rows.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // The painted parts of the standard view: the sheet's lines, the record numbers, the item header, the echo of the
-// current cell, and the masks of a range. Each paints only what it is asked for, from the record window alone, and holds
-// no data of the table. frmSHEET lays them out, moves them and tells them when to repaint.
+// current cell, and the masks of a range. Each paints only what it is asked for, from the record window alone, and
+// holds no data of the table. frmSHEET lays them out, moves them and tells them when to repaint.
 
 #include "edit/forms/sheet_font.h"
 

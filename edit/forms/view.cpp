@@ -30,12 +30,11 @@ bool isSpeakingKey(const KeyStroke& stroke) {
 View::View(const QString& name, TextView caption, FormVoice voice, const FormContext& context,
            const ViewActions& actions, QWidget* parent)
     : QWidget(parent), context_(context), actions_(actions), spoken_(new SpokenForm(*this, context, std::move(voice))),
-      heading_(new QLabel(this)), bar_(new FlowLayout), body_(new QVBoxLayout(this)) {
+      heading_(nullptr), bar_(new FlowLayout), body_(new QVBoxLayout(this)) {
+    heading_ = addLabel(QStringLiteral("heading"));
     QFont bold = heading_->font();
     bold.setBold(true);
     heading_->setFont(bold);
-    heading_->setObjectName(QStringLiteral("heading"));
-    bar_->addWidget(heading_);
     body_->setContentsMargins(4, 0, 4, 4);
     body_->setSpacing(2);
     body_->addLayout(bar_);
@@ -62,6 +61,14 @@ void View::addFocusable(QWidget& widget, const QString& name, TextView accessibl
     // A click picks a cell and speaks that; the surface that was clicked has nothing to say besides.
     spoken_->add(widget, name, {.label = Text(accessibleName), .onFocus = [] {}});
     widget.setFocusPolicy(Qt::ClickFocus);
+}
+
+QLabel* View::addLabel(const QString& name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    bar_->addWidget(label);
+    return label;
 }
 
 void View::addButton(const QString& name, TextView caption, std::function<void()> rule) {

@@ -1,7 +1,7 @@
 #pragma once
 // What the three views of the table have in common. A view stands beneath the panel in Form1's window, shows the record
-// window and holds no data of its own. It is reached by the mouse only: it stands outside the Tab order, and a key on it
-// goes back to the input box. Form1 owns the views and calls them; a view knows Form1 only as a few routines.
+// window and holds no data of its own. It is reached by the mouse only: it stands outside the Tab order, and a key on
+// it goes back to the input box. Form1 owns the views and calls them; a view knows Form1 only as a few routines.
 
 #include "edit/sheet_rows.h"
 #include "platform/qt/form_context.h"
@@ -20,8 +20,8 @@ struct ViewActions {
     std::function<void()> backToInput;                                ///< the input box gets the focus
     std::function<void(int viewMode)> switchView;                     ///< another view is to be in force
     std::function<void(std::int32_t record, std::int16_t item)> pick; ///< a cell was clicked
-    std::function<void(std::int16_t rows)> rowsChanged;               ///< the view has room for so many rows
-    std::function<void()> cancelRange;                                ///< what was selected no longer holds
+    std::function<void(std::int16_t rows)> rowsChanged; ///< the room there is, told at each change of size
+    std::function<void()> cancelRange;                  ///< what was selected no longer holds
 };
 
 /// The masks that show a range.
@@ -36,8 +36,8 @@ class View : public QWidget {
     Q_OBJECT
 public:
     /// `name` is the object name, `caption` the heading and the accessible name, `voice` what Ctrl+Shift+A says.
-    View(const QString& name, TextView caption, FormVoice voice, const FormContext& context,
-         const ViewActions& actions, QWidget* parent);
+    View(const QString& name, TextView caption, FormVoice voice, const FormContext& context, const ViewActions& actions,
+         QWidget* parent);
 
     /// Shows the window and the current cell anew.
     virtual void redraw() = 0;
@@ -57,6 +57,8 @@ protected:
     void setHeading(TextView caption);
     /// Takes in a widget that the mouse can give the focus; it says nothing by itself.
     void addFocusable(QWidget& widget, const QString& name, TextView accessibleName);
+    /// A label in the bar behind the heading; data in it is never taken for markup.
+    QLabel* addLabel(const QString& name);
     /// A button of the view in the bar behind the heading.
     void addButton(const QString& name, TextView caption, std::function<void()> rule);
 
@@ -68,8 +70,8 @@ private:
 
     SpokenForm* spoken_;
     QLabel* heading_;
+    QLayout* bar_;
 
 protected:
-    QLayout* bar_;
     QVBoxLayout* body_; ///< the bar, and what the view adds below it
 };

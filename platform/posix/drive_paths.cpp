@@ -56,6 +56,14 @@ DrivePaths::DrivePaths(DriveTable drives, const std::string& startFolder)
     currentDrive_ = currentFolder_.front();
 }
 
+std::vector<Text> DrivePaths::letters() const {
+    std::vector<Text> letters;
+    for (const auto& [letter, folder] : drives_) {
+        letters.emplace_back(1, letter);
+    }
+    return letters;
+}
+
 std::string DrivePaths::native(TextView path) const {
     const std::size_t colon = path.substr(0, 2).find(u':');
     if (colon == 0 || path.size() >= PATH_MAX) {

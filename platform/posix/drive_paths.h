@@ -20,6 +20,12 @@ public:
     /// The start folder in drive-letter form; without "\" at its end unless it is a drive's root.
     const Text& currentFolder() const { return currentFolder_; }
 
+    /// Gives media that have been mounted since letters of their own.
+    void addMedia(const std::vector<std::string>& media) { giveLetters(drives_, media); }
+
+    /// The letters of the drives, in order.
+    std::vector<Text> letters() const;
+
     /// The native path of an entry, existing or not, found without regard to case where no entry matches exactly. A
     /// single name right in a drive's root that doesn't exist there, and can't be made there either because the user
     /// may not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if the

@@ -1,5 +1,6 @@
 #include "platform/posix/drive_table.h"
 
+#include <algorithm>
 #include <memory>
 #include <mntent.h>
 #include <pwd.h>
@@ -41,7 +42,7 @@ std::string userName() {
 
 } // namespace
 
-DriveTable drivesFor(const std::vector<std::string>& mountPoints, const std::string& user) {
+std::vector<std::string> mediaOf(const std::vector<std::string>& mountPoints, const std::string& user) {
     std::set<std::string> media;
     for (const std::string& point : mountPoints) {
         if (!user.empty() &&
@@ -49,14 +50,25 @@ DriveTable drivesFor(const std::vector<std::string>& mountPoints, const std::str
             media.insert(point);
         }
     }
-    DriveTable drives{{u'C', "/"}};
-    char16_t letter = u'D';
+    return {media.begin(), media.end()};
+}
+
+std::vector<std::string> mountedMedia() { return mediaOf(mountPointsNow(), userName()); }
+
+void giveLetters(DriveTable& drives, const std::vector<std::string>& media) {
     for (const std::string& medium : media) {
-        if (letter > u'Z') {
-            break;
+        const bool hasLetter =
+            std::any_of(drives.begin(), drives.end(), [&](const auto& drive) { return drive.second == medium; });
+        const char16_t next = drives.empty() ? u'D' : std::max<char16_t>(u'D', drives.rbegin()->first + 1);
+        if (!hasLetter && next <= u'Z') {
+            drives[next] = medium;
         }
-        drives[letter++] = medium;
     }
+}
+
+DriveTable drivesFor(const std::vector<std::string>& mountPoints, const std::string& user) {
+    DriveTable drives{{u'C', "/"}};
+    giveLetters(drives, mediaOf(mountPoints, user));
     return drives;
 }
 

@@ -14,5 +14,15 @@ using DriveTable = std::map<char16_t, std::string>;
 /// behind Z there are none.
 DriveTable drivesFor(const std::vector<std::string>& mountPoints, const std::string& user);
 
+/// The media among `mountPoints` that the desktop mounted for `user`, in the order of their paths.
+std::vector<std::string> mediaOf(const std::vector<std::string>& mountPoints, const std::string& user);
+
+/// The media mounted for this user now.
+std::vector<std::string> mountedMedia();
+
+/// Gives each medium that has no letter yet the next one behind the last, as far as Z. A letter once given is never
+/// taken back or moved: paths in the shared state stay what they mean.
+void giveLetters(DriveTable& drives, const std::vector<std::string>& media);
+
 /// The table for this user and the media mounted now.
 DriveTable defaultDrives();

@@ -1,8 +1,13 @@
 #include "platform/posix/posix_files.h"
 
 #include "platform/failure.h"
+#include "platform/posix/folder_listing.h"
+#include "platform/posix/folders.h"
 #include "platform/posix/posix_random_file.h"
 #include "platform/posix/replacement_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -79,3 +84,26 @@ std::unique_ptr<TableLock> PosixFiles::lockTable(const Text& path) {
     }
     return locks_.lock(native);
 }
+
+void PosixFiles::remove(const Text& path) {
+    const std::string native = paths_.native(path);
+    if (unlink(native.c_str()) != 0) {
+        failFile();
+    }
+    syncFolder(openParentOf(native));
+}
+
+void PosixFiles::makeFolder(const Text& path) {
+    if (mkdir(paths_.native(path).c_str(), 0777) != 0) {
+        failFile();
+    }
+}
+
+std::vector<Text> PosixFiles::drives() {
+    if (media_) {
+        paths_.addMedia(media_());
+    }
+    return paths_.letters();
+}
+
+FolderContents PosixFiles::folderContents(const Text& path) { return listFolder(paths_.native(path)); }

@@ -6,6 +6,8 @@
 #include "platform/posix/drive_paths.h"
 #include "platform/posix/table_locks.h"
 
+#include <functional>
+
 /// The real files. Contracts: platform/files.h; drives and spelling of paths: drive_paths.h; names outside UTF-8:
 /// native_names.h. A drive that is not in the table is a failure of every call but fromCommandLine and lockTable.
 class PosixFiles : public Files {
@@ -13,6 +15,9 @@ public:
     /// `startFolder` is the absolute native folder in which the program was started; the program's current folder
     /// may change later without any effect here.
     PosixFiles(DriveTable drives, const std::string& startFolder) : paths_(std::move(drives), startFolder) {}
+
+    /// Where `drives` looks for media mounted since; without it the table stays as it is.
+    void lookForMedia(std::function<std::vector<std::string>()> media) { media_ = std::move(media); }
 
     Text currentFolder() override { return paths_.currentFolder(); }
     Text fromCommandLine(const Text& argument) override { return DrivePaths::fromCommandLine(argument); }
@@ -22,8 +27,13 @@ public:
     void replaceWhole(const Text& path, BytesView contents) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
+    void remove(const Text& path) override;
+    void makeFolder(const Text& path) override;
+    std::vector<Text> drives() override;
+    FolderContents folderContents(const Text& path) override;
 
 private:
     DrivePaths paths_;
     TableLocks locks_;
+    std::function<std::vector<std::string>()> media_;
 };

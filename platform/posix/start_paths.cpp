@@ -1,11 +1,16 @@
 #include "platform/posix/start_paths.h"
 
+#include "platform/failure.h"
+#include "platform/posix/folders.h"
+
 #include <filesystem>
 
 std::string startFolder() {
-    std::error_code gone;
-    const auto folder = std::filesystem::current_path(gone);
-    return gone ? "/" : folder.string();
+    try {
+        return nativeCurrentFolder();
+    } catch (const RuntimeFailure&) {
+        return "/"; // the folder is gone; the root is there, and a table named in full still opens
+    }
 }
 
 std::string besideProgram(const std::string& name) {

@@ -13,12 +13,15 @@ constexpr quint64 longestRepeatPause = 1500;
 
 // The scan code names the physical key whatever Shift makes of it; events without one are told apart by their code.
 quint64 identity(const QKeyEvent& event) {
-    return event.nativeScanCode() != 0 ? event.nativeScanCode() : (quint64{1} << 32) + static_cast<quint64>(event.key());
+    return event.nativeScanCode() != 0 ? event.nativeScanCode()
+                                       : (quint64{1} << 32) + static_cast<quint64>(event.key());
 }
 
 } // namespace
 
-HeldKeys::HeldKeys() { QCoreApplication::instance()->installEventFilter(this); }
+HeldKeys::HeldKeys() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
 
 void HeldKeys::muteHeld() {
     for (auto& [id, held] : held_) {
@@ -27,7 +30,7 @@ void HeldKeys::muteHeld() {
 }
 
 KeyStroke HeldKeys::releaseStroke(const QKeyEvent& release) const {
-    return strokeOf(lastReleased_, release.modifiers());
+    return isModifierKey(lastReleased_.key) ? strokeOf(lastReleased_.key, release.modifiers()) : lastReleased_;
 }
 
 bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
@@ -58,13 +61,13 @@ bool HeldKeys::pressed(QKeyEvent& event) {
         return false;
     }
     const quint64 now = event.timestamp();
-    const auto [place, fresh] = held_.try_emplace(identity(event), Held{strokeOf(event).key, now, false});
+    const auto [place, fresh] = held_.try_emplace(identity(event), Held{strokeOf(event), now, false});
     Held& held = place->second;
     if (fresh) {
         repeat_ = false;
     } else if (held.lastPress != now) {
         repeat_ = event.isAutoRepeat() || now - held.lastPress < longestRepeatPause;
-        held = {repeat_ ? held.key : strokeOf(event).key, now, repeat_ && held.mute};
+        held = {repeat_ ? held.stroke : strokeOf(event), now, repeat_ && held.mute};
     }
     if (held.mute) {
         event.accept();
@@ -81,9 +84,9 @@ bool HeldKeys::released(const QKeyEvent& event) {
     }
     const auto place = held_.find(identity(event));
     if (place != held_.end()) {
-        lastReleased_ = place->second.key;
+        lastReleased_ = place->second.stroke;
     } else if (lastRelease_ != event.timestamp()) {
-        lastReleased_ = strokeOf(event).key;
+        lastReleased_ = strokeOf(event);
     }
     lastRelease_ = event.timestamp();
     const bool mute = place != held_.end() && place->second.mute;

@@ -21,15 +21,16 @@ public:
     void muteHeld();
     /// True while the press that is being delivered repeats a held key.
     bool isRepeat() const { return repeat_; }
-    /// The stroke of a release: the key as it was pressed, since Shift+2 may be let go as plain 2, with the modifiers
-    /// that are still held.
+    /// The stroke of a release: the stroke with which the key was pressed. Quick fingers let go of Alt before N, and
+    /// Shift+2 may be let go as plain 2; what was meant was told by the press. A modifier key itself comes with the
+    /// other modifiers that are held when it is let go.
     KeyStroke releaseStroke(const QKeyEvent& release) const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Held {
-        Key key;
+        KeyStroke stroke;
         quint64 lastPress; ///< milliseconds of the toolkit's event clock
         bool mute;
     };
@@ -38,7 +39,7 @@ private:
     bool isStale(const QKeyEvent& event);
 
     std::map<quint64, Held> held_;
-    Key lastReleased_ = Key::other;
+    KeyStroke lastReleased_;
     quint64 lastRelease_ = 0;
     quint64 latest_ = 0;
     bool repeat_ = false;

@@ -29,4 +29,6 @@ void KeyButton::keyPressEvent(QKeyEvent* event) {
 }
 
 // The toolkit would press the button a second time when Space is let go.
-void KeyButton::keyReleaseEvent(QKeyEvent* event) { event->accept(); }
+void KeyButton::keyReleaseEvent(QKeyEvent* event) {
+    event->accept();
+}

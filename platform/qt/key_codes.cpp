@@ -10,16 +10,18 @@ struct NamedKey {
 };
 
 constexpr NamedKey namedKeys[] = {
-    {Qt::Key_Return, Key::enter},     {Qt::Key_Enter, Key::enter},      {Qt::Key_Escape, Key::escape},
-    {Qt::Key_Tab, Key::tab},          {Qt::Key_Backtab, Key::tab},      {Qt::Key_Backspace, Key::backspace},
-    {Qt::Key_Space, Key::space},      {Qt::Key_Left, Key::left},        {Qt::Key_Right, Key::right},
-    {Qt::Key_Up, Key::up},            {Qt::Key_Down, Key::down},        {Qt::Key_Home, Key::home},
-    {Qt::Key_End, Key::end},          {Qt::Key_PageUp, Key::pageUp},    {Qt::Key_PageDown, Key::pageDown},
-    {Qt::Key_Insert, Key::insert},    {Qt::Key_Delete, Key::del},       {Qt::Key_Shift, Key::shift},
-    {Qt::Key_Control, Key::control},  {Qt::Key_Alt, Key::alt},
+    {Qt::Key_Return, Key::enter},    {Qt::Key_Enter, Key::enter},   {Qt::Key_Escape, Key::escape},
+    {Qt::Key_Tab, Key::tab},         {Qt::Key_Backtab, Key::tab},   {Qt::Key_Backspace, Key::backspace},
+    {Qt::Key_Space, Key::space},     {Qt::Key_Left, Key::left},     {Qt::Key_Right, Key::right},
+    {Qt::Key_Up, Key::up},           {Qt::Key_Down, Key::down},     {Qt::Key_Home, Key::home},
+    {Qt::Key_End, Key::end},         {Qt::Key_PageUp, Key::pageUp}, {Qt::Key_PageDown, Key::pageDown},
+    {Qt::Key_Insert, Key::insert},   {Qt::Key_Delete, Key::del},    {Qt::Key_Shift, Key::shift},
+    {Qt::Key_Control, Key::control}, {Qt::Key_Alt, Key::alt},
 };
 
-Key inRow(Key first, int distance) { return static_cast<Key>(static_cast<int>(first) + distance); }
+Key inRow(Key first, int distance) {
+    return static_cast<Key>(static_cast<int>(first) + distance);
+}
 
 } // namespace
 

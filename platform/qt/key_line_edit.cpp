@@ -55,10 +55,13 @@ BoxView KeyLineEdit::view() const {
     return box;
 }
 
-void KeyLineEdit::switchInputMethodOff() { setAttribute(Qt::WA_InputMethodEnabled, false); }
+void KeyLineEdit::switchInputMethodOff() {
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+}
 
 void KeyLineEdit::keyPressEvent(QKeyEvent* event) {
-    if (runClipboardKey(*event)) {
+    // A key that an input method lets through while it composes would move the caret through text that isn't there.
+    if (composing_ || runClipboardKey(*event)) {
         return;
     }
     // The toolkit would type the letter of Alt+letter.

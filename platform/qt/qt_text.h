@@ -6,7 +6,11 @@
 #include <QString>
 
 /// A text as the toolkit takes it.
-inline QString toQt(TextView text) { return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())); }
+inline QString toQt(TextView text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 /// A string of the toolkit as our text.
-inline Text fromQt(const QString& string) { return string.toStdU16String(); }
+inline Text fromQt(const QString& string) {
+    return string.toStdU16String();
+}

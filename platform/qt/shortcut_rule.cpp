@@ -2,4 +2,6 @@
 
 #include <QKeyEvent>
 
-void ShortcutRule::answer(QKeyEvent& shortcutOverride) { shortcutOverride.ignore(); }
+void ShortcutRule::answer(QKeyEvent& shortcutOverride) {
+    shortcutOverride.ignore();
+}

@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 
-
 using ::testing::ElementsAre;
 
 namespace {

@@ -99,3 +99,28 @@ TEST(KeyCodes, BacktabIsTabWithShift) {
     const QKeyEvent event(QEvent::KeyPress, Qt::Key_Backtab, Qt::ControlModifier);
     EXPECT_EQ(strokeOf(event), (KeyStroke{Key::tab, true, true, false}));
 }
+
+namespace {
+
+/// Sends a press or a release and gives the stroke that its release stands for.
+KeyStroke sent(Keys& keys, QEvent::Type type, int code, Qt::KeyboardModifiers modifiers, quint32 scanCode) {
+    QKeyEvent event(type, code, modifiers, scanCode, 0, 0);
+    QCoreApplication::sendEvent(&keys.listener, &event);
+    return keys.held.releaseStroke(event);
+}
+
+} // namespace
+
+TEST(HeldKeys, AReleaseCountsWithTheModifiersOfItsPress) {
+    Keys keys;
+    sent(keys, QEvent::KeyPress, Qt::Key_Alt, Qt::AltModifier, 64);
+    sent(keys, QEvent::KeyPress, Qt::Key_N, Qt::AltModifier, 57);
+    // Quick fingers let go of Alt first.
+    EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier, 64), plainKey(Key::alt));
+    EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_N, Qt::NoModifier, 57), altKey(Key::n));
+    // A modifier that came after the press was meant for the next key.
+    sent(keys, QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, 114);
+    sent(keys, QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier, 50);
+    EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_Right, Qt::ShiftModifier, 114), plainKey(Key::right));
+    EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_Shift, Qt::NoModifier, 50), plainKey(Key::shift));
+}

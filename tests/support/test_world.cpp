@@ -28,7 +28,8 @@ TestWorld::TestWorld(const RealParts& parts)
     : files(defaultDrives(), folder.path()),
       zormod(Platform{clipboard, clock, beeper, files, codePage, parts.dialogs != nullptr ? *parts.dialogs : dialogs,
                       parts.screen != nullptr ? *parts.screen : screen,
-                      parts.commands != nullptr ? *parts.commands : commands}) {
+                      parts.commands != nullptr ? *parts.commands : commands,
+                      parts.forms != nullptr ? *parts.forms : forms, eventLoop}) {
     zormod.file.programFolder = files.currentFolder() + u"\\";
 }
 

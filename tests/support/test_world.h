@@ -31,6 +31,7 @@ struct RealParts {
     Dialogs* dialogs = nullptr;
     Screen* screen = nullptr;
     Commands* commands = nullptr;
+    Forms* forms = nullptr;
 };
 
 /// Doubles, real files in `folder` (the program folder too), and the shared state in its start-up values.
@@ -70,5 +71,7 @@ struct TestWorld {
     ScriptedDialogs dialogs;
     FakeScreen screen;
     FakeCommands commands;
+    FakeForms forms;
+    FakeEventLoop eventLoop;
     ZORMOD zormod;
 };

@@ -60,7 +60,8 @@ public:
 struct ModeWorld : TestWorld {
     ModeWorld()
         : logging(log, clock), recorder(log),
-          state(Platform{logging, clock, beeper, files, codePage, dialogs, recorder, commands}), speech(state.speech) {
+          state(Platform{logging, clock, beeper, files, codePage, dialogs, recorder, commands, forms, eventLoop}),
+          speech(state.speech) {
         state.file.programFolder = zormod.file.programFolder;
     }
     void writeZorTalkFile(std::string_view bytes) { writeFile("zorTalk", bytes); }
@@ -106,7 +107,7 @@ TEST(ReadingMode, SpeechStaysOnUntilTheConfirmationHasBeenHeard) {
     TestWorld world;
     WatchingClock watching;
     ZORMOD state(Platform{world.clipboard, watching, world.beeper, world.files, world.codePage, world.dialogs,
-                          world.screen, world.commands});
+                          world.screen, world.commands, world.forms, world.eventLoop});
     state.speech.speechMode = 1;
     int rests = 0;
     watching.onSleep = [&] {

@@ -73,9 +73,13 @@ void SpokenForm::add(QWidget& control, QAnyStringView name, ControlVoice voice) 
     }
 }
 
-ControlVoice& SpokenForm::voiceOf(QWidget& control) { return controls_.at(&control).voice; }
+ControlVoice& SpokenForm::voiceOf(QWidget& control) {
+    return controls_.at(&control).voice;
+}
 
-Text SpokenForm::caption() const { return spokenCaption(form_.windowTitle()); }
+Text SpokenForm::caption() const {
+    return spokenCaption(form_.windowTitle());
+}
 
 Text SpokenForm::description() const {
     const Text text = voice_.description ? voice_.description() : Text();
@@ -165,7 +169,12 @@ void SpokenForm::focusMoved(QWidget* from, QWidget* to) {
 
 void SpokenForm::openSoon() {
     openingDue_ = false;
-    QMetaObject::invokeMethod(this, context_.guard.wrap([this] { sayOpening(); }), Qt::QueuedConnection);
+    const auto opening = context_.guard.wrap([this] {
+        if (form_.isVisible()) { // it may have been closed by keys typed ahead
+            sayOpening();
+        }
+    });
+    QMetaObject::invokeMethod(this, opening, Qt::QueuedConnection);
 }
 
 bool SpokenForm::eventFilter(QObject* watched, QEvent* event) {
@@ -174,8 +183,8 @@ bool SpokenForm::eventFilter(QObject* watched, QEvent* event) {
     } else if (event->type() == QEvent::FocusOut) {
         outReason_ = static_cast<QFocusEvent*>(event)->reason();
     } else if (watched == &form_ && form_.isWindow()) {
-        openingDue_ = (openingDue_ || (event->type() == QEvent::Show && !event->spontaneous())) &&
-                      event->type() != QEvent::Hide;
+        openingDue_ =
+            (openingDue_ || (event->type() == QEvent::Show && !event->spontaneous())) && event->type() != QEvent::Hide;
         if (openingDue_ && form_.isActiveWindow()) {
             openSoon();
         }

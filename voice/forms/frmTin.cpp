@@ -47,4 +47,6 @@ frmTin::frmTin(const FormContext& context, const Text& prompt, const Text& title
     box_->setFocus();
 }
 
-Text frmTin::answer() const { return box_->view().text; }
+Text frmTin::answer() const {
+    return box_->view().text;
+}

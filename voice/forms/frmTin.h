@@ -10,8 +10,7 @@ class KeyLineEdit;
 class frmTin : public SpokenDialog {
     Q_OBJECT
 public:
-    frmTin(const FormContext& context, const Text& prompt, const Text& title, const Text& defaultText,
-           QWidget* parent);
+    frmTin(const FormContext& context, const Text& prompt, const Text& title, const Text& defaultText, QWidget* parent);
 
     /// The text of the box; meant only when the form was accepted.
     Text answer() const;

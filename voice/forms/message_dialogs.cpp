@@ -11,7 +11,9 @@
 
 namespace {
 
-QWidget* activeForm() { return QApplication::activeWindow(); }
+QWidget* activeForm() {
+    return QApplication::activeWindow();
+}
 
 Text titleOr(const Text& title) {
     if (!title.empty()) {

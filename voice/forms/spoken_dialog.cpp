@@ -6,4 +6,6 @@ SpokenDialog::SpokenDialog(const FormContext& context, FormVoice voice, QWidget*
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       context_(context), spoken_(*new SpokenForm(*this, context, std::move(voice))) {}
 
-void SpokenDialog::keyPressEvent(QKeyEvent* event) { event->ignore(); }
+void SpokenDialog::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+}

@@ -12,9 +12,11 @@
 namespace {
 
 constexpr int turnsUntilSettled = 12;
-constexpr int turnsUntilStuck = 3000;
+constexpr qint64 stuckAfter = 5000; // milliseconds; only a test that fails waits so long
 
-RomikaApplication& application() { return *static_cast<RomikaApplication*>(QCoreApplication::instance()); }
+RomikaApplication& application() {
+    return *static_cast<RomikaApplication*>(QCoreApplication::instance());
+}
 
 RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
     parts.dialogs = &dialogs;
@@ -25,8 +27,8 @@ RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
 
 Desk::Desk(const RealParts& parts)
     : world(withDialogs(parts, dialogs)), zormod(world.zormod),
-      guard(zormod, [this](int status) { endStatus = status; }), modals(guard, heldKeys),
-      context{zormod, guard, heldKeys, modals} {
+      guard(zormod, [this](int status) { endStatus = status; }),
+      modals(guard, heldKeys), context{zormod, guard, heldKeys, modals} {
     dialogs.setContext(context);
     application().setGuard(&guard);
     watchSoon();
@@ -39,9 +41,15 @@ Desk::~Desk() {
 
 void Desk::open(QWidget& form) {
     form.show();
+    bringToFront(form);
+}
+
+void Desk::bringToFront(QWidget& form) {
     form.activateWindow();
-    for (int i = 0; i < turnsUntilStuck && QApplication::activeWindow() != &form; ++i) {
-        QCoreApplication::processEvents();
+    settle();
+    // A window that was hidden and comes back is not activated without a window manager.
+    if (QApplication::activeWindow() != &form) {
+        QApplication::setActiveWindow(&form);
     }
     EXPECT_EQ(QApplication::activeWindow(), &form) << "the window did not come up";
     settle();
@@ -51,6 +59,17 @@ void Desk::settle() {
     keys.catchUp();
     for (int i = 0; i < turnsUntilSettled; ++i) {
         QCoreApplication::processEvents();
+        manageWindows();
+    }
+}
+
+// The platform has no window manager: when a menu has closed, no window or the closed menu itself is active.
+void Desk::manageWindows() {
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->isVisible()) {
+        lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
+    } else if (lastActive_ && lastActive_->isVisible()) {
+        QApplication::setActiveWindow(lastActive_);
     }
 }
 
@@ -75,6 +94,11 @@ QWidget* Desk::control(QAnyStringView name) const {
     return found;
 }
 
+void Desk::rest() {
+    turns_ = 0;
+    stuck_.start();
+}
+
 // A timer of its own for each turn: one that repeats would rest while a form opened from it is up.
 void Desk::watchSoon() {
     QTimer::singleShot(0, &anchor_, [this] { watch(); });
@@ -82,26 +106,27 @@ void Desk::watchSoon() {
 
 void Desk::watch() {
     watchSoon();
+    manageWindows();
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr) {
-        patience_ = 0;
+        rest();
         return;
     }
-    ++patience_;
+    turns_ = QApplication::activeWindow() == modal ? turns_ + 1 : 0;
     const bool isServed = served_.contains(modal);
-    const bool isReady = QApplication::activeWindow() == modal && patience_ >= turnsUntilSettled;
-    const bool isStuck = patience_ > turnsUntilStuck;
+    const bool isReady = turns_ >= turnsUntilSettled;
+    const bool isStuck = stuck_.hasExpired(stuckAfter);
     if (isReady && !isServed && !scripts_.empty()) {
         served_.append(modal);
-        patience_ = 0;
+        rest();
         const auto script = scripts_.front();
         scripts_.pop_front();
         script();
-        patience_ = 0;
+        rest();
     } else if ((isReady && !isServed) || isStuck) {
         ADD_FAILURE() << (isServed ? "a form was left open: " : "a form came up that nobody expected: ")
                       << modal->windowTitle().toStdString();
-        patience_ = 0;
+        rest();
         static_cast<QDialog*>(modal)->reject();
     }
 }

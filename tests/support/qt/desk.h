@@ -11,6 +11,7 @@
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 
@@ -32,6 +33,8 @@ public:
 
     /// Shows a form and waits until it has the keyboard and has said its opening text.
     void open(QWidget& form);
+    /// Makes a window that is shown the active one, as the user does from the desktop.
+    void bringToFront(QWidget& form);
     /// Handles all events that are waiting.
     void settle();
     /// `script` is run when the next modal form has come up and has said its opening text. It must close that form.
@@ -61,9 +64,13 @@ public:
 private:
     void watchSoon();
     void watch();
+    void manageWindows();
+    void rest();
 
     std::deque<std::function<void()>> scripts_;
     QList<QPointer<QWidget>> served_;
-    int patience_ = 0;
+    QPointer<QWidget> lastActive_;
+    int turns_ = 0;
+    QElapsedTimer stuck_;
     QObject anchor_;
 };

@@ -11,8 +11,7 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands}), edit(zormod), box(edit),
-      form(context, edit, box, form1Menus()) {
+    : Desk({.screen = &link, .commands = &commands}), edit(zormod), box(edit), form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     connectPositionBoxes(edit);
     bindCommands(commands, zormod, edit, box);
@@ -63,4 +62,6 @@ std::string EditDesk::text(const char* name) {
     return label == nullptr ? std::string() : label->text().toStdString();
 }
 
-std::string EditDesk::cell(int item) { return utf8(getCell(zormod, item)); }
+std::string EditDesk::cell(int item) {
+    return utf8(getCell(zormod, item));
+}

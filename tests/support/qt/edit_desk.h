@@ -1,5 +1,6 @@
 #pragma once
-// A desk with the edit screen on it: the real Form1, its logic and the real command table, put together as main does it.
+// A desk with the edit screen on it: the real Form1, its logic and the real command table, put together as main does
+// it.
 
 #include "app/commands.h"
 #include "edit/edit_screen.h"

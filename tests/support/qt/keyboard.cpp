@@ -20,21 +20,20 @@ struct Code {
 };
 
 const std::map<Key, Code> codes = {
-    {Key::other, {Qt::Key_unknown, 0}},       {Key::enter, {Qt::Key_Return, u'\r'}},
-    {Key::escape, {Qt::Key_Escape, 0x1B}},    {Key::tab, {Qt::Key_Tab, u'\t'}},
-    {Key::backspace, {Qt::Key_Backspace, 8}}, {Key::space, {Qt::Key_Space, u' '}},
-    {Key::left, {Qt::Key_Left, 0}},           {Key::right, {Qt::Key_Right, 0}},
-    {Key::up, {Qt::Key_Up, 0}},               {Key::down, {Qt::Key_Down, 0}},
-    {Key::home, {Qt::Key_Home, 0}},           {Key::end, {Qt::Key_End, 0}},
-    {Key::pageUp, {Qt::Key_PageUp, 0}},       {Key::pageDown, {Qt::Key_PageDown, 0}},
-    {Key::insert, {Qt::Key_Insert, 0}},       {Key::del, {Qt::Key_Delete, 0x7F}},
-    {Key::shift, {Qt::Key_Shift, 0}},         {Key::control, {Qt::Key_Control, 0}},
+    {Key::other, {Qt::Key_unknown, 0}}, {Key::enter, {Qt::Key_Return, u'\r'}},    {Key::escape, {Qt::Key_Escape, 0x1B}},
+    {Key::tab, {Qt::Key_Tab, u'\t'}},   {Key::backspace, {Qt::Key_Backspace, 8}}, {Key::space, {Qt::Key_Space, u' '}},
+    {Key::left, {Qt::Key_Left, 0}},     {Key::right, {Qt::Key_Right, 0}},         {Key::up, {Qt::Key_Up, 0}},
+    {Key::down, {Qt::Key_Down, 0}},     {Key::home, {Qt::Key_Home, 0}},           {Key::end, {Qt::Key_End, 0}},
+    {Key::pageUp, {Qt::Key_PageUp, 0}}, {Key::pageDown, {Qt::Key_PageDown, 0}},   {Key::insert, {Qt::Key_Insert, 0}},
+    {Key::del, {Qt::Key_Delete, 0x7F}}, {Key::shift, {Qt::Key_Shift, 0}},         {Key::control, {Qt::Key_Control, 0}},
     {Key::alt, {Qt::Key_Alt, 0}},
 };
 
 constexpr char shiftedDigits[] = ")!@#$%^&*(";
 
-bool isIn(Key key, Key first, Key last) { return key >= first && key <= last; }
+bool isIn(Key key, Key first, Key last) {
+    return key >= first && key <= last;
+}
 
 QWidget* receiver() {
     QWidget* popup = QApplication::activePopupWidget();
@@ -173,9 +172,13 @@ void Keyboard::shiftedDigitLetGoLate(int digit) {
     send(QEvent::KeyRelease, late);
 }
 
-void Keyboard::compose(TextView text) { sendInput(toQt(text), QString()); }
+void Keyboard::compose(TextView text) {
+    sendInput(toQt(text), QString());
+}
 
-void Keyboard::commit(TextView text) { sendInput(QString(), toQt(text)); }
+void Keyboard::commit(TextView text) {
+    sendInput(QString(), toQt(text));
+}
 
 void Keyboard::sendInput(const QString& composed, const QString& committed) {
     QWidget* widget = receiver();

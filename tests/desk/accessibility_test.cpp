@@ -1,0 +1,139 @@
+// A walk through every form as an assistive program and the Tab key see it: each control has a name, a role and a
+// voice.
+
+#include "support/qt/edit_desk.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDialog>
+#include <QMenuBar>
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+namespace {
+
+struct WalkDesk : EditDesk {
+    WalkDesk() {
+        openTable({{u"ID", u"L", 3}, {u"氏名", u"L", 10}}, {{u"1", u"山田"}});
+        zormod.speech.speechMode = 1;
+    }
+};
+
+QAccessible::Role roleOf(QWidget* widget) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+    return face == nullptr ? QAccessible::NoRole : face->role();
+}
+
+std::string accessibleNameOf(QWidget* widget) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+    return face == nullptr ? std::string() : face->text(QAccessible::Name).toStdString();
+}
+
+/// Widgets of a form that Tab stops at.
+std::set<std::string> tabStops(const QWidget& form) {
+    std::set<std::string> names;
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            names.insert(widget->objectName().toStdString());
+        }
+    }
+    return names;
+}
+
+/// Every widget that can have the focus, by key or mouse, has a name and a role that is no mere container's.
+void expectNamedControls(const QWidget& form) {
+    int seen = 0;
+    for (QWidget* widget : form.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus) {
+            continue;
+        }
+        ++seen;
+        const std::string name = widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
+        EXPECT_FALSE(accessibleNameOf(widget).empty()) << name;
+        EXPECT_NE(roleOf(widget), QAccessible::NoRole) << name;
+    }
+    EXPECT_GT(seen, 0);
+}
+
+/// Tab comes to every stop once and back, and each stop says itself.
+void expectTabReachesAll(EditDesk& desk, const QWidget& form) {
+    const std::set<std::string> stops = tabStops(form);
+    std::set<std::string> reached;
+    for (std::size_t i = 0; i < stops.size(); ++i) {
+        const auto spoken = desk.spokenBy(plainKey(Key::tab));
+        // Where there is but one stop Tab goes nowhere, and nothing has to be said.
+        EXPECT_EQ(spoken.empty(), stops.size() == 1) << desk.focus();
+        EXPECT_TRUE(reached.insert(desk.focus()).second) << desk.focus() << " twice";
+        EXPECT_FALSE(desk.spokenBy(ctrlShiftKey(Key::s)).empty()) << desk.focus();
+    }
+    EXPECT_EQ(reached, stops);
+}
+
+void walk(EditDesk& desk) {
+    QWidget* form = QApplication::activeWindow();
+    expectNamedControls(*form);
+    expectTabReachesAll(desk, *form);
+    EXPECT_EQ(desk.spokenBy(ctrlShiftKey(Key::a)).size(), 1U);
+}
+
+} // namespace
+
+TEST(Accessibility, Form1NamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    walk(desk);
+    EXPECT_THAT(tabStops(desk.form), testing::UnorderedElementsAre("txtinputbox", "txtREC", "txtItemnum", "txtWIDTH",
+                                                                   "txtLR", "Text1", "RichTextBox1", "RichTextBox2"));
+}
+
+TEST(Accessibility, Form1sBoxesAreTextBoxesUnderTheirSpokenNames) {
+    WalkDesk desk;
+    for (const auto& [control, name] :
+         {std::pair("txtinputbox", "データ入力"), std::pair("txtREC", "行番号"), std::pair("RichTextBox2", "表メモ")}) {
+        EXPECT_EQ(roleOf(desk.part(control)), QAccessible::EditableText);
+        EXPECT_EQ(accessibleNameOf(desk.part(control)), name);
+    }
+}
+
+TEST(Accessibility, TheViewsAreNamedAndOutsideTheTabOrder) {
+    for (const auto& [mode, name, caption] :
+         {std::tuple(0, "frmSHEET", "ワークシート"), std::tuple(1, "frmKOJIND", "ロミカカード形式表示1記録"),
+          std::tuple(2, "frmGrid", "表形式表示")}) {
+        WalkDesk desk;
+        desk.zormod.display.viewMode = static_cast<std::int16_t>(mode);
+        desk.form.redrawView();
+        desk.settle();
+        EXPECT_EQ(accessibleNameOf(desk.part(name)), caption);
+        EXPECT_TRUE(tabStops(*desk.part(name)).empty()) << name;
+        walk(desk);
+    }
+}
+
+TEST(Accessibility, TheMenuBarTellsItsMenus) {
+    WalkDesk desk;
+    QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(desk.form.menuBar());
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->role(), QAccessible::MenuBar);
+    ASSERT_EQ(bar->childCount(), 13);
+    for (int i = 0; i < bar->childCount(); ++i) {
+        EXPECT_FALSE(bar->child(i)->text(QAccessible::Name).isEmpty());
+    }
+}
+
+TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
+    WalkDesk desk;
+    const auto walkAndLeave = [&desk] {
+        desk.settle();
+        walk(desk);
+        static_cast<QDialog*>(QApplication::activeWindow())->reject();
+    };
+    desk.inNextModal(walkAndLeave);
+    desk.dialogs.showMessage(u"本文", u"注意");
+    desk.inNextModal(walkAndLeave);
+    desk.dialogs.askOkCancel(u"本文", u"確認");
+    desk.inNextModal(walkAndLeave);
+    desk.dialogs.askText(u"入力", u"題", u"x");
+    desk.inNextModal(walkAndLeave);
+    desk.dialogs.askYesNoCancel({}, u"本文");
+}

@@ -1,0 +1,153 @@
+// The menus by keyboard and ear.
+
+#include "app/menus.h"
+#include "edit/forms/form1_menus.h"
+#include "edit/forms/menu_voice.h"
+#include "platform/qt/qt_text.h"
+#include "support/qt/edit_desk.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+using ::testing::ElementsAre;
+
+namespace {
+
+struct MenuDesk : EditDesk {
+    MenuDesk() {
+        openTable({{u"ID", u"L", 3}, {u"氏名", u"L", 10}}, {{u"1", u"a"}});
+        zormod.speech.speechMode = 1;
+        form.showReadingMode(1);
+    }
+    void toggleAlt() {
+        world.later();
+        keys.press(plainKey(Key::alt));
+        settle();
+    }
+    void altLetter(QChar letter) {
+        world.later();
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(letter.unicode()), Qt::AltModifier);
+        settle();
+    }
+    void popupKey(Qt::Key code) {
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_NE(popup, nullptr);
+        world.later();
+        QTest::keyClick(popup, code);
+        settle();
+    }
+};
+
+} // namespace
+
+TEST(Form1Menus, StandInTheOrderOfTheTable) {
+    MenuDesk desk;
+    const MenuTable table = form1Menus();
+    const auto actions = desk.form.menuBar()->actions();
+    ASSERT_EQ(static_cast<std::size_t>(actions.size()), table.size());
+    for (qsizetype i = 0; i < actions.size(); ++i) {
+        const MenuGroup& group = table[static_cast<std::size_t>(i)];
+        EXPECT_EQ(fromQt(actions[i]->text()), group.caption);
+        ASSERT_EQ(actions[i]->menu() == nullptr, group.entries.empty());
+        for (std::size_t j = 0; j < group.entries.size(); ++j) {
+            const QAction* entry = actions[i]->menu()->actions().at(static_cast<qsizetype>(j));
+            EXPECT_EQ(fromQt(entry->objectName()), group.entries[j].name);
+            EXPECT_EQ(fromQt(entry->text()), group.entries[j].caption);
+            EXPECT_EQ(fromQt(entry->shortcut().toString(QKeySequence::PortableText)), group.entries[j].key);
+        }
+    }
+}
+
+TEST(Form1Menus, EveryEntryIsReachedByItsLetterAndTheArrows) {
+    MenuDesk desk;
+    std::vector<std::string> ran;
+    for (const MenuGroup& group : form1Menus()) {
+        for (const MenuEntry& entry : group.entries) {
+            desk.commands.bind(entry.name, [&ran, name = entry.name] { ran.push_back(utf8(name)); });
+        }
+    }
+    for (const MenuGroup& group : form1Menus()) {
+        const char16_t letter = group.caption[group.caption.find(u'&') + 1];
+        for (std::size_t i = 0; i < group.entries.size(); ++i) {
+            ran.clear();
+            desk.altLetter(QChar(letter));
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr) << utf8(group.caption);
+            for (std::size_t steps = 0; menu->activeAction() != menu->actions().at(static_cast<qsizetype>(i));
+                 ++steps) {
+                ASSERT_LE(steps, group.entries.size()) << utf8(group.entries[i].name);
+                QTest::keyClick(menu, Qt::Key_Down);
+            }
+            QTest::keyClick(menu, Qt::Key_Return);
+            desk.settle();
+            EXPECT_THAT(ran, ElementsAre(utf8(group.entries[i].name)));
+            EXPECT_EQ(desk.focus(), "txtinputbox");
+        }
+    }
+}
+
+TEST(Form1Menus, TheTelephoneRunsFromTheBar) {
+    MenuDesk desk;
+    int runs = 0;
+    desk.commands.bind(u"mnuTEL", [&runs] { ++runs; });
+    desk.altLetter(u'T');
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(Form1Menus, AnEntryThatDoesNotExistYetBeepsAndSaysSo) {
+    MenuDesk desk;
+    EXPECT_THAT(desk.spokenBy(plainKey(Key::f2)), ElementsAre("まだ使えません"));
+    EXPECT_EQ(desk.world.beeper.count, 1);
+}
+
+TEST(Form1Menus, TheHighlightedEntrySaysItself) {
+    MenuDesk desk;
+    desk.spoken();
+    desk.altLetter(u'R');
+    desk.spoken();
+    desk.popupKey(Qt::Key_Down);
+    EXPECT_THAT(desk.spoken(), ElementsAre("行､項目番号付き､Ctrl+F11"));
+    desk.popupKey(Qt::Key_Up);
+    EXPECT_THAT(desk.spoken(), ElementsAre("データのみ､チェック､F11"));
+    desk.popupKey(Qt::Key_Escape);
+}
+
+TEST(Form1Menus, AnOpenedMenuSaysItselfAndItsFirstEntryTogether) {
+    MenuDesk desk;
+    desk.spoken();
+    desk.altLetter(u'J');
+    EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー。記録ジャンプ､Ctrl+J"));
+    desk.popupKey(Qt::Key_Escape);
+    EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー")) << "the bar has the keys now";
+    EXPECT_NE(desk.focus(), "txtinputbox");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+}
+
+TEST(Form1Menus, AltGoesToTheBarSaysTheMenuAndEscapeComesBackWithoutAWord) {
+    MenuDesk desk;
+    desk.spoken();
+    desk.toggleAlt();
+    EXPECT_THAT(desk.spoken(), ElementsAre("ﾌｧｲﾙ(F)､サブメニュー"));
+    desk.world.later();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    desk.settle();
+    EXPECT_THAT(desk.spoken(), ElementsAre("項目移動(J)､サブメニュー"));
+    desk.world.later();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+    EXPECT_THAT(desk.spoken(), testing::IsEmpty());
+}
+
+TEST(Form1Menus, ADisabledEntryIsToldAsSuch) {
+    MenuDesk desk;
+    desk.form.showReadingMode(0);
+    EXPECT_EQ(utf8(MenuVoice::textOf(*menuEntry(*desk.form.menuBar(), u"mnuJY"))),
+              "常時表示項目内容を付加して読む､使用不可");
+}

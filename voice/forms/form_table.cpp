@@ -1,0 +1,53 @@
+#include "voice/forms/form_table.h"
+
+#include "platform/failure.h"
+#include "voice/forms/modal_runner.h"
+
+#include <QApplication>
+#include <QDialog>
+
+#include <memory>
+
+void FormTable::addModal(TextView name, std::function<QDialog*(QWidget*)> make) {
+    entries_[Text(name)].makeModal = std::move(make);
+}
+
+void FormTable::addModeless(TextView name, std::function<QWidget*(QWidget*)> make) {
+    entries_[Text(name)].makeModeless = std::move(make);
+}
+
+void FormTable::open(TextView name) {
+    const auto found = entries_.find(name);
+    if (found == entries_.end()) {
+        throw RuntimeFailure{FailureKind::impossible};
+    }
+    Entry& entry = found->second;
+    if (entry.form) {
+        entry.form->activateWindow();
+        entry.form->raise();
+        return;
+    }
+    QWidget* owner = QApplication::activeWindow();
+    if (entry.makeModal) {
+        const std::unique_ptr<QDialog> form(entry.makeModal(owner));
+        entry.form = form.get();
+        context_->modals.run(*form);
+        return;
+    }
+    entry.form = entry.makeModeless(owner);
+    entry.form->setAttribute(Qt::WA_DeleteOnClose);
+    entry.form->show();
+    entry.form->activateWindow();
+}
+
+void FormTable::close(TextView name) {
+    const auto found = entries_.find(name);
+    if (found != entries_.end() && found->second.form) {
+        found->second.form->close();
+    }
+}
+
+bool FormTable::isLoaded(TextView name) const {
+    const auto found = entries_.find(name);
+    return found != entries_.end() && found->second.form && found->second.form->isVisible();
+}

@@ -1,0 +1,37 @@
+#pragma once
+// The one table of factories by which forms are opened. No form includes another form's header: it opens it by name.
+
+#include "platform/forms.h"
+#include "platform/qt/form_context.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <map>
+
+class QDialog;
+class QWidget;
+
+/// Forms by name, made when they are opened and gone when they are closed.
+class FormTable : public Forms {
+public:
+    /// A modal form; `make` gets the window that it belongs to. open() returns when the form has been closed.
+    void addModal(TextView name, std::function<QDialog*(QWidget* owner)> make);
+    /// A form that is shown without stopping the caller.
+    void addModeless(TextView name, std::function<QWidget*(QWidget* owner)> make);
+    /// Must be called before the first form is opened; see MessageDialogs::setContext.
+    void setContext(const FormContext& context) { context_ = &context; }
+
+    void open(TextView name) override;
+    void close(TextView name) override;
+    bool isLoaded(TextView name) const override;
+
+private:
+    struct Entry {
+        std::function<QDialog*(QWidget*)> makeModal{};
+        std::function<QWidget*(QWidget*)> makeModeless{};
+        QPointer<QWidget> form{};
+    };
+    const FormContext* context_ = nullptr;
+    std::map<Text, Entry, std::less<>> entries_;
+};
