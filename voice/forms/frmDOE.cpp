@@ -109,6 +109,6 @@ void frmDOE::hideEvent(QHideEvent* event) {
     if (endIsWanted_) {
         endIsWanted_ = false;
         // Behind the handler in which the loop runs, which has still to put its files away.
-        QMetaObject::invokeMethod(qApp, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit));
     }
 }
