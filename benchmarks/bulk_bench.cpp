@@ -1,7 +1,9 @@
 // Figures of the rewrite of a whole table of 1,000,000 records, real files, everything else doubles:
 //   bare       the same bytes written in large blocks, fsync, rename
-//   bulk       the rewrite that copies every record: read, put right, write, swap; against bare, medians of turns
-//   progress   the same with the progress form's interface and a turn of the event loop for each record, against without
+//   bulk       the rewrite that copies every record: read, put right, write, swap; against the bare write just before it,
+//              median of the turns
+//   progress   the same with the progress form's interface and a turn of the event loop for each record, against without;
+//              the best of the turns each, because what else the disk does is no cost of the form
 //   items      the same with a new item definition file
 
 #include "measure.h"
@@ -18,7 +20,7 @@
 namespace {
 
 constexpr std::int64_t records = 1000000;
-constexpr int rounds = 5;
+constexpr int rounds = 9;
 constexpr std::size_t blockLength = 1 << 20;
 
 [[noreturn]] void giveUp(const char* what) {
@@ -90,18 +92,19 @@ int main() {
     std::vector<double> plain;
     std::vector<double> withForm;
     std::vector<double> withItems;
+    std::vector<double> againstBare;
     for (int i = 0; i < rounds; ++i) {
         bare.push_back(microseconds([&] { bareWrite(world.folder.path(), table); }));
-        plain.push_back(rewriteTime(zormod, {}));
         withForm.push_back(rewriteTime(zormod, {.name = u"n"}));
+        againstBare.push_back(withForm.back() / bare.back());
+        plain.push_back(rewriteTime(zormod, {}));
         zormod.otherItems = zormod.items;
         withItems.push_back(rewriteTime(zormod, {.name = u"n", .items = BulkItems::other}));
     }
     std::printf("%-74s %10.2f ms\n", "bulk: bare write, fsync and rename of 256 MB", median(bare) / 1000);
-    bool kept = report("bulk: rewrite of 1,000,000 records against the bare write", median(withForm) / median(bare),
-                       "x", 1.2);
-    kept = report("bulk: with the progress form and its turns against without", median(withForm) / median(plain), "x",
-                  1.3) && kept;
+    bool kept = report("bulk: rewrite of 1,000,000 records against the bare write", median(againstBare), "x", 1.2);
+    kept = report("bulk: with the progress form and its turns against without",
+                  quantile(withForm, 0) / quantile(plain, 0), "x", 1.3) && kept;
     kept = report("bulk: with a new item definition file against the bare write", median(withItems) / median(bare),
                   "x", 2.5) && kept;
     return kept && turns.turns > 0 && world.bytesOf("t.txt") == table ? 0 : 1;

@@ -82,8 +82,9 @@ public:
     /// work in it. Null if another one does; otherwise as lockTable.
     virtual std::unique_ptr<TableLock> lockFolder(const Text& path) = 0;
     /// Puts the file `from` in the place of `to`, new or existing; afterwards nothing has the name `from`. Killed at any
-    /// moment it leaves the old file at `to` or the new one, and returns when that is safely on the disk; on another
-    /// disk than `to`, `from` may outlast a kill beside the new one. The new file keeps the permissions of the old one.
+    /// moment it leaves the old file at `to` or the new one, and returns when that is safely on the disk. From another
+    /// disk the bytes are copied to ".new-" and the name of `to`, beside it, first: that file, or `from` beside the new
+    /// `to`, may outlast a kill. The new file keeps the permissions of the old one.
     /// Returns the claim on the new file, made before it gets the name, so that the name is never unclaimed.
     virtual std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) = 0;
     /// Deletes a file. A file that doesn't exist, or a folder, is a failure.

@@ -6,7 +6,8 @@
 //   .romika-work          beside them, empty: while it exists those two are ours, and what a killed or failed run left of
 //                         them is deleted before they are used again. A file of that name without it was left by somebody
 //                         else; it is not emptied, so a tail of it stays behind a shorter result.
-//   .new-NAME             beside the table NAME: the new data file of a rewrite that has no work file of its own
+//   .new-NAME             beside the table NAME: the new data file of a rewrite that has no work file of its own, or the
+//                         copy of a work file that lies on another disk (Files::moveIntoPlace)
 //   .swap-NAME            beside the table NAME: the record of a swap of both files (sheet/swap_record.h)
 //
 // The names that begin with a point are shown in no list of files.

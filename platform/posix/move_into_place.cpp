@@ -20,7 +20,8 @@ std::unique_ptr<TableLock> claimed(const std::string& path, TableLocks& locks) {
 
 std::unique_ptr<TableLock> copyIntoPlace(const Descriptor& source, const std::string& from, const std::string& target,
                                          TableLocks& locks) {
-    ReplacementFile replacement(target);
+    // Under a name that whoever opens `target` next can find, since a kill in the middle of a long copy leaves it behind.
+    ReplacementFile replacement(target, ".new-" + target.substr(target.rfind('/') + 1));
     replacement.copyFrom(source);
     auto lock = claimed(replacement.temporaryPath(), locks);
     replacement.putInPlace();

@@ -55,10 +55,16 @@ std::optional<Status> replaceable(const std::string& path) {
     return old;
 }
 
-ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks(path)) {
+ReplacementFile::ReplacementFile(const std::string& path) : ReplacementFile(path, hiddenName()) {}
+
+ReplacementFile::ReplacementFile(const std::string& path, const std::string& temporaryName)
+    : target_(withoutLinks(path)) {
     const std::optional<Status> old = replaceable(target_);
     folder_ = openParentOf(target_);
-    const std::string temporary = joined(parentOf(target_), hiddenName());
+    const std::string temporary = joined(parentOf(target_), temporaryName);
+    if (unlink(temporary.c_str()) != 0 && errno != ENOENT) {
+        failFile();
+    }
     file_ = openNative(temporary, O_RDWR | O_CREAT | O_EXCL, old ? 0600 : 0666);
     if (!file_.isOpen()) {
         failFile();

@@ -23,6 +23,9 @@ class ReplacementFile {
 public:
     /// Makes the empty new file for the native `path`, which names a regular file that the user may write, or nothing.
     explicit ReplacementFile(const std::string& path);
+    /// The same under a name of the caller's own until it is put in place; a leftover of that name is deleted. Only one
+    /// caller at a time may do so.
+    ReplacementFile(const std::string& path, const std::string& temporaryName);
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
 

@@ -102,6 +102,7 @@ TEST(MoveIntoPlace, FromOneDiskToAnotherTheBytesAreCopied) {
     const std::string contents(300000, 'n');
     std::ofstream(pattern + "/WORK.QQQ", std::ios::binary) << contents;
     world.make("t", "old");
+    world.make(".new-t", "left by a kill");
     fs::permissions(world.native("t"), fs::perms(0640));
     PosixFiles files({{u'C', "/"}, {u'D', pattern}}, world.folder.path());
     const auto claim = files.moveIntoPlace(u"D:\\WORK.QQQ", u"t");
