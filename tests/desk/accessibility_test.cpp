@@ -137,3 +137,18 @@ TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     desk.inNextModal(walkAndLeave);
     desk.dialogs.askYesNoCancel({}, u"本文");
 }
+
+TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
+    WalkDesk desk;
+    bool isWalked = false;
+    desk.inNextModal([&] {
+        walk(desk);
+        isWalked = true;
+    });
+    desk.dialogs.openProgress(u"行挿入中", {});
+    for (int i = 0; i < 3; ++i) {
+        desk.settle();
+    }
+    desk.dialogs.closeProgress();
+    EXPECT_TRUE(isWalked);
+}
