@@ -22,7 +22,7 @@ Result readFields(ZORMOD& zormod, const Text& path, ItemTable& items, bool clear
     items.itemCount = roundTo16(Val(fields.next()));
     if (items.itemCount < 0 || items.itemCount > highestItem || head.find(u'\'') != itemTextOffset - 1 ||
         Val(head) < 100) {
-        return refuseItemFile(zormod, Text(noTableText), u"項目ﾌｧｲﾙ読込エラー");
+        return refuseItemFile(zormod, Text(notAnItemFile), u"項目ﾌｧｲﾙ読込エラー");
     }
     if (clearWidths) {
         for (int i = 1; i < itemEntries; ++i) {
@@ -88,7 +88,7 @@ Result readItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive)
         return readFields(zormod, pathWithLetter(fileDrive, fileName, u'K', u'K'), zormod.items, true,
                           zormod.file.tableMemo);
     } catch (const RuntimeFailure&) {
-        return refuseItemFile(zormod, Text(noTableText), u"項目挿入不可能");
+        return refuseItemFile(zormod, Text(notAnItemFile), u"項目挿入不可能");
     }
 }
 
@@ -102,7 +102,7 @@ Result readOtherItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileD
         }
         return result;
     } catch (const RuntimeFailure&) {
-        return refuseItemFile(zormod, Text(noTableText), u"エラーです");
+        return refuseItemFile(zormod, Text(notAnItemFile), u"エラーです");
     }
 }
 

@@ -20,7 +20,7 @@
 using Result = Text;
 
 /// What a reader of K files says of a file that is none.
-inline constexpr TextView noTableText = u"ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です";
+inline constexpr TextView notAnItemFile = u"ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です";
 
 /// The refusal in which every reader of a K file ends: waits, beeps, shows `text`, closes all files; gives "error".
 Result refuseItemFile(ZORMOD& zormod, const Text& text, TextView title);

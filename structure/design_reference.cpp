@@ -40,7 +40,7 @@ Result readRows(ZORMOD& zormod, const Text& path, std::vector<DesignRow>& rows) 
     ItemFields fields(itemFileContents(zormod, path));
     const ItemFileHead head = readHead(fields);
     if (!isItemCount(head.count)) {
-        return refuseItemFile(zormod, Text(noTableText), u"項目ﾌｧｲﾙ読込エラー");
+        return refuseItemFile(zormod, Text(notAnItemFile), u"項目ﾌｧｲﾙ読込エラー");
     }
     const int items = roundTo16(head.count) + 1;
     for (int i = 0; i < items; ++i) {
@@ -88,7 +88,7 @@ Result readItemFileToDesign(TableDesign& design, const Text& fileName, const Tex
         }
         return result;
     } catch (const RuntimeFailure&) {
-        return refuseItemFile(design.zormod, Text(noTableText), u"項目挿入不可能");
+        return refuseItemFile(design.zormod, Text(notAnItemFile), u"項目挿入不可能");
     }
 }
 

@@ -1,5 +1,6 @@
 #include "structure/table_design.h"
 
+#include "platform/letter_case.h"
 #include "platform/number_text.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
@@ -37,7 +38,7 @@ TableDesign::TableDesign(ZORMOD& state) : zormod(state), mode(modeOf(state.taskW
     const Text path = openPath(file);
     text3 = folderOf(path);
     dir1 = text3.size() > 3 ? text3.substr(0, text3.size() - 1) : text3;
-    drive1 = path.substr(0, 1) + u":";
+    drive1 = lowerCase(path.substr(0, 1)) + u":";
     if (mode == DesignMode::change) {
         text3 = path;
         text2 = file.tableMemo;
