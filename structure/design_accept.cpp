@@ -106,7 +106,7 @@ void startTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
     fillFirstWindow(zormod);
     updateTitle(zormod);
-    zormod.platform.commands.run(showOpenedTableCommand);
+    zormod.platform.commands.run(showNewTableCommand);
     if (design.mode == DesignMode::csv) {
         zormod.results.answers[0] = 1.0;
     }

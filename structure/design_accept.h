@@ -6,7 +6,7 @@
 #include "structure/table_design.h"
 
 /// The command by which the edit screen shows a table that has just been opened: labels, view, input box.
-inline constexpr TextView showOpenedTableCommand = u"showOpenedTable";
+inline constexpr TextView showNewTableCommand = u"showOpenedTable";
 
 /// What the form does next.
 enum class DesignOutcome {
