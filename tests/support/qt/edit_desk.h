@@ -7,6 +7,7 @@
 #include "edit/input_box.h"
 #include "platform/screen_link.h"
 #include "support/qt/desk.h"
+#include "voice/forms/form_table.h"
 
 #include <memory>
 
@@ -14,6 +15,7 @@
 struct EditDeskParts {
     ScreenLink link;
     CommandTable commands;
+    FormTable forms;
 };
 
 /// The edit screen, not yet shown and without a table.
