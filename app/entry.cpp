@@ -6,6 +6,7 @@
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/swap_record.h"
 #include "start/sample_board.h"
 #include "voice/reading_mode.h"
 
@@ -33,6 +34,7 @@ bool claimAndRead(ZORMOD& zormod) {
         zormod.platform.dialogs.showMessage(u"このﾌｧｲﾙは別のロミカで使用中です", u"確認");
         return false;
     }
+    recoverTable(zormod, file.fileName, file.fileDrive);
     if (!readItemFile(zormod, file.fileName, file.fileDrive).empty()) {
         return false;
     }

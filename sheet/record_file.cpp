@@ -45,10 +45,15 @@ void writeRecord(ZORMOD& zormod, int fileNo, std::int32_t recordNo, BytesView re
 }
 
 Bytes endedRecord(BytesView row) {
-    Bytes record(row.substr(0, dataLength));
-    record.resize(dataLength, ' ');
-    record += "\r\n";
+    Bytes record;
+    endRecord(row, record);
     return record;
+}
+
+void endRecord(BytesView row, Bytes& into) {
+    into.assign(row.substr(0, dataLength));
+    into.resize(dataLength, ' ');
+    into += "\r\n";
 }
 
 void closeFile(ZORMOD& zormod, int fileNo) {

@@ -7,6 +7,7 @@
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/swap_record.h"
 #include "structure/design_checks.h"
 #include "structure/design_reference.h"
 #include "structure/design_rewrite.h"
@@ -74,6 +75,8 @@ Answer askForRewrite(ZORMOD& zormod) {
 bool writeAndOpen(TableDesign& design, const Target& target) {
     ZORMOD& zormod = design.zormod;
     closeAllFiles(zormod);
+    // A rewrite of that table may have been killed between its two files.
+    recoverTable(zormod, target.name, target.drive);
     zormod.file.fileDrive = target.drive;
     zormod.file.fileName = target.name;
     zormod.items = itemsOf(design.rows);
@@ -87,15 +90,15 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
 }
 
 /// The open table goes on under its changed design.
-void goOnWithTable(ZORMOD& zormod) {
+void goOnWithTable(TableDesign& design) {
+    ZORMOD& zormod = design.zormod;
     readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
     computeItemStart(zormod.items);
+    const Position& before = design.before.position;
     Position& position = zormod.position;
-    if (position.curItem > zormod.items.itemCount) {
-        position.curItem = 0;
-    }
+    position.curItem = before.curItem > zormod.items.itemCount ? std::int16_t{0} : before.curItem;
     // Another name may have led to a shorter table.
-    position.curRecord = std::min(position.curRecord, recordCount(zormod) + 1);
+    position.curRecord = std::min(before.curRecord, recordCount(zormod) + 1);
     zormod.taskWord.clear();
     refillWindow(zormod, position.curRecord);
     updateTitle(zormod);
@@ -119,6 +122,7 @@ void goBackToTable(TableDesign& design) {
     if (!design.before.hadTable) {
         return;
     }
+    finishSwap(zormod, zormod.file.fileName, zormod.file.fileDrive);
     if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
         restoreTable(design);
     }
@@ -158,17 +162,16 @@ DesignOutcome acceptDesign(TableDesign& design) {
         zormod.platform.dialogs.showMessage(u"このﾌｧｲﾙは別のロミカで使用中です", u"確認");
         return DesignOutcome::toFileName;
     }
+    bool rewrites = false;
     if (cutsRecordsDifferently(design, target)) {
         const Answer answer = askForRewrite(zormod);
         if (answer == Answer::cancel) {
             return DesignOutcome::stays;
         }
-        if (answer == Answer::yes) {
-            rewriteRecords(design);
-        }
+        rewrites = answer == Answer::yes;
     }
     try {
-        if (!writeAndOpen(design, target)) {
+        if (!(rewrites ? rewriteRecords(design) : writeAndOpen(design, target))) {
             goBackToTable(design);
             designRowsChanged(design);
             return DesignOutcome::toFileName;
@@ -178,7 +181,7 @@ DesignOutcome acceptDesign(TableDesign& design) {
         throw;
     }
     if (design.mode == DesignMode::change) {
-        goOnWithTable(zormod);
+        goOnWithTable(design);
     } else {
         startTable(design);
     }

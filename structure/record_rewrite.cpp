@@ -1,16 +1,16 @@
 #include "structure/record_rewrite.h"
 
-#include "sheet/record_file.h"
+#include "sheet/bulk_rewrite.h"
 #include "structure/design_rewrite.h"
 
-void rewriteRecords(TableDesign& design) {
+bool rewriteRecords(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
-    const ItemTable made = itemsOf(design.rows);
-    Bytes& record = zormod.window.recordWindow[1];
-    const std::int32_t records = recordCount(zormod);
-    for (std::int32_t number = 1; number <= records; ++number) {
-        readRecord(zormod, 1, number, record);
-        writeRecord(zormod, 1, number,
-                    rewrittenRecord(zormod.platform.codePage, record, design.before.items, made));
-    }
+    zormod.items = itemsOf(design.rows);
+    zormod.file.tableMemo = trimmed(design.text2);
+    const BulkJob job{.items = BulkItems::own, .road = BulkRoad::inPlace, .canStop = false};
+    return bulkRewrite(zormod, job, [&](BulkRun& run) {
+               run.forEach(1, run.records(), [&](const Bytes& row) {
+                   run.write(rewrittenRecord(zormod.platform.codePage, row, design.before.items, zormod.items));
+               });
+           }) == BulkEnd::done;
 }

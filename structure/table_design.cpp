@@ -34,7 +34,7 @@ Text openPath(const FileIdentity& file) {
 
 TableDesign::TableDesign(ZORMOD& state) : zormod(state), mode(modeOf(state.taskWord)), rows(1) {
     const FileIdentity& file = zormod.file;
-    before = {file, zormod.items, hasTable(zormod)};
+    before = {file, zormod.items, zormod.position, hasTable(zormod)};
     const Text path = openPath(file);
     text3 = folderOf(path);
     dir1 = text3.size() > 3 ? text3.substr(0, text3.size() - 1) : text3;

@@ -31,6 +31,7 @@ enum class DesignColumn { name = 1, align = 2, width = 3 };
 struct TableBefore {
     FileIdentity file;
     ItemTable items; ///< with `itemStart`
+    Position position;
     bool hadTable = false;
 };
 

@@ -11,6 +11,13 @@
 
 #include <string>
 
+/// Gives `file` the permissions of the file it is to replace, and its owner as far as the user may give files away.
+void takeOver(const Descriptor& file, const Status& old);
+
+/// The status of the native `path`, links followed, if there is such a file. Throws if it is no regular file or may not
+/// be written.
+std::optional<Status> replaceable(const std::string& path);
+
 /// One replacement. Every call throws RuntimeFailure of kind file on failure, and then the old file is untouched.
 class ReplacementFile {
 public:
@@ -21,6 +28,10 @@ public:
 
     /// The new file, open for writing.
     const Descriptor& file() const { return file_; }
+    /// The name it has until it is put in place.
+    const std::string& temporaryPath() const { return temporary_.path; }
+    /// Writes all bytes of `source` into it.
+    void copyFrom(const Descriptor& source);
     /// Makes the new file durable and puts it in place. A failure of the very last step, making the rename durable, is
     /// thrown although the new contents are in place already.
     void putInPlace();

@@ -165,3 +165,18 @@ TEST(Accessibility, TheReferenceListOfTheDesignFormIsWalkedWithIt) {
     });
     desk.key(plainKey(Key::f5));
 }
+
+TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
+    WalkDesk desk;
+    bool isWalked = false;
+    desk.inNextModal([&] {
+        walk(desk);
+        isWalked = true;
+    });
+    desk.dialogs.openProgress(u"行挿入中", {});
+    for (int i = 0; i < 3; ++i) {
+        desk.settle();
+    }
+    desk.dialogs.closeProgress();
+    EXPECT_TRUE(isWalked);
+}

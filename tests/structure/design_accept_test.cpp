@@ -248,9 +248,10 @@ TEST(DesignAccept, TheTailBehindTheLastWholeRecordSurvivesARewrite) {
 
 TEST(DesignAccept, FewerItemsMoveTheCurrentOneToItem0) {
     AcceptWorld world;
-    TableDesign& design = world.changing();
+    world.table(meibo, people);
     world.zormod.position.curItem = 2;
     world.zormod.position.curRecord = 2;
+    TableDesign& design = world.change();
     resizeDesign(design, 1);
     world.dialogs.answers = {Answer::yes};
     EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
@@ -261,10 +262,11 @@ TEST(DesignAccept, FewerItemsMoveTheCurrentOneToItem0) {
 
 TEST(DesignAccept, AnotherNameLeavesTheOpenTableAloneAndTakesTheDesignThere) {
     AcceptWorld world;
-    TableDesign& design = world.changing();
+    world.table(meibo, people);
+    world.zormod.position.curRecord = 3;
+    TableDesign& design = world.change();
     const std::string bytes = world.bytesOf("t.txt");
     const std::string items = world.bytesOf("kt.txt");
-    world.zormod.position.curRecord = 2;
     design.rows[1].width = u"4";
     design.text3 = world.path(u"u");
     EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);

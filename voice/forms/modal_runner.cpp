@@ -2,44 +2,11 @@
 
 #include "platform/qt/guard.h"
 #include "platform/qt/held_keys.h"
+#include "voice/forms/focus_keeper.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QEventLoop>
 #include <QPointer>
-
-namespace {
-
-/// Gives the focus back at its end, by whatever way the loop was left.
-class FocusKeeper {
-public:
-    explicit FocusKeeper(QDialog& form)
-        : form_(&form), window_(QApplication::activeWindow()), focused_(QApplication::focusWidget()) {}
-    ~FocusKeeper() {
-        if (form_) {
-            form_->hide();
-        }
-        // Not every window manager, and no bare X server, hands the activation back by itself. It comes back with a
-        // later event; the toolkit is told at once, because the caller may ask the next question before that.
-        if (window_) {
-            window_->activateWindow();
-            QApplication::setActiveWindow(window_);
-        }
-        // The reason says that nobody moved, so no control announces itself.
-        if (focused_) {
-            focused_->setFocus(Qt::ActiveWindowFocusReason);
-        }
-    }
-    FocusKeeper(const FocusKeeper&) = delete;
-    FocusKeeper& operator=(const FocusKeeper&) = delete;
-
-private:
-    QPointer<QDialog> form_;
-    QPointer<QWidget> window_;
-    QPointer<QWidget> focused_;
-};
-
-} // namespace
 
 int ModalRunner::run(QDialog& form) {
     heldKeys_.muteHeld();
