@@ -195,7 +195,7 @@ DesignOutcome giveUpDesign(TableDesign& design) {
         talkS(zormod, referencesClosed);
         return DesignOutcome::stays;
     }
-    if (!design.before.hadTable && zormod.taskWord.empty()) {
+    if (!design.before.hadTable && design.mode == DesignMode::newTable) {
         return askForEnd(zormod);
     }
     waitSeconds(zormod, zormod.speech.inhibitSeconds);

@@ -133,9 +133,12 @@ Text referenceReading(ZORMOD& zormod, const Text& folder, const Text& entry) {
 
 void restoreTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
+    closeAllFiles(zormod);
     zormod.file = design.before.file;
     zormod.items = design.before.items;
     if (design.before.hadTable) {
         openDataFile(zormod);
+    } else {
+        zormod.files.tableLock.reset();
     }
 }

@@ -30,6 +30,17 @@ Text openPath(const FileIdentity& file) {
     return file.fileName.empty() ? file.programFolder : fullPath(file.fileDrive, file.fileName);
 }
 
+Text DesignRow::*textOf(DesignColumn column) {
+    switch (column) {
+    case DesignColumn::align:
+        return &DesignRow::align;
+    case DesignColumn::width:
+        return &DesignRow::width;
+    default:
+        return &DesignRow::name;
+    }
+}
+
 } // namespace
 
 TableDesign::TableDesign(ZORMOD& state) : zormod(state), mode(modeOf(state.taskWord)), rows(1) {
@@ -56,18 +67,11 @@ std::int16_t lastDesignItem(const TableDesign& design) {
 }
 
 Text& cellText(DesignRow& row, DesignColumn column) {
-    switch (column) {
-    case DesignColumn::align:
-        return row.align;
-    case DesignColumn::width:
-        return row.width;
-    default:
-        return row.name;
-    }
+    return row.*textOf(column);
 }
 
 const Text& cellText(const DesignRow& row, DesignColumn column) {
-    return cellText(const_cast<DesignRow&>(row), column);
+    return row.*textOf(column);
 }
 
 void standOnDesignCell(TableDesign& design, int row, DesignColumn column) {

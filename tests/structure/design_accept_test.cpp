@@ -336,4 +336,28 @@ TEST(DesignGiveUp, AfterARefusedNewTableFromTheStartNothingIsOpen) {
     EXPECT_EQ(world.zormod.file.fileName, u"");
 }
 
+TEST(DesignAccept, ADataFileThatCantBeOpenedLeavesWhatWasOpenBefore) {
+    for (const bool hadTable : {false, true}) {
+        AcceptWorld world;
+        if (hadTable) {
+            world.table(meibo, people);
+        }
+        world.files.makeFolder(world.path(u"x.txt"));
+        TableDesign& design = world.complete(u"x");
+        EXPECT_THROW(acceptDesign(design), RuntimeFailure);
+        EXPECT_EQ(hasTable(world.zormod), hadTable);
+        EXPECT_EQ(world.zormod.file.fileName, design.before.file.fileName);
+        EXPECT_EQ(world.zormod.items.itemCount, hadTable ? 2 : 0);
+        EXPECT_EQ(design.rows.size(), 2U);
+    }
+}
+
+TEST(DesignGiveUp, ACsvDesignGoesBackToTheFileChoiceWithoutAQuestion) {
+    AcceptWorld world;
+    TableDesign& design = world.open(u"SVCread");
+    EXPECT_EQ(giveUpDesign(design), DesignOutcome::closed);
+    EXPECT_EQ(world.zormod.taskWord, u"");
+    EXPECT_FALSE(hasTable(world.zormod));
+}
+
 } // namespace
