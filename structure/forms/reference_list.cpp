@@ -1,5 +1,6 @@
 #include "structure/forms/reference_list.h"
 
+#include "platform/letter_case.h"
 #include "platform/name_pattern.h"
 #include "platform/qt/guard.h"
 #include "platform/qt/key_tap.h"
@@ -54,7 +55,11 @@ ReferenceList::ReferenceList(const FormContext& context, SpokenForm& form, Table
 }
 
 void ReferenceList::start() {
-    fill(*Drive1, context_.zormod.platform.files.drives());
+    std::vector<Text> drives = context_.zormod.platform.files.drives();
+    for (Text& drive : drives) {
+        drive = lowerCase(drive) + u":";
+    }
+    fill(*Drive1, drives);
     showFolder(design_.dir1);
     form_.giveFocus(*File1);
 }

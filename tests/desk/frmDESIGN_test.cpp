@@ -389,6 +389,10 @@ TEST(frmDESIGN, FoldersAreWalkedInTheReferenceList) {
         desk.key(shiftKey(Key::tab));
         desk.key(plainKey(Key::enter));
         EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), Contains(testing::StartsWith("kt.txt。")));
+        desk.key(shiftKey(Key::tab));
+        EXPECT_THAT(desk.spokenBy(shiftKey(Key::tab)), ElementsAre("c:"));
+        desk.key(plainKey(Key::enter));
+        EXPECT_EQ(desk.focus(), "Drive1");
         desk.key(plainKey(Key::escape));
         desk.key(plainKey(Key::escape));
     });
