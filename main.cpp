@@ -21,6 +21,7 @@
 #include "platform/qt/turn_giver.h"
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
+#include "structure/forms/structure_forms.h"
 #include "voice/forms/form_table.h"
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
@@ -66,6 +67,7 @@ int main(int argc, char** argv) {
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
+    addStructureForms(forms, context);
 
     EditScreen edit(zormod);
     connectPositionBoxes(edit);

@@ -19,6 +19,12 @@
 /// "" for success, "error" after a refusal that the user has been told of.
 using Result = Text;
 
+/// What a reader of K files says of a file that is none.
+inline constexpr TextView notAnItemFile = u"ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です";
+
+/// The refusal in which every reader of a K file ends: waits, beeps, shows `text`, closes all files; gives "error".
+Result refuseItemFile(ZORMOD& zormod, const Text& text, TextView title);
+
 /// Reads the K file of the data file `fileName` on `fileDrive` into the open table's items and memo. Does not compute
 /// `itemStart`: callers do. Every refusal waits, beeps, shows its message, closes all files and gives "error"; the
 /// items then hold what had been read, and the caller puts the old table back.
@@ -45,6 +51,9 @@ Text itemFileText(const ItemTable& items, std::int16_t count, const Text& memo);
 Text itemFilePath(const ZORMOD& zormod, const Text& fileName);
 /// The same on `otherFileDrive`.
 Text otherItemFilePath(const ZORMOD& zormod, const Text& fileName);
+
+/// The same on the drive `drive`.
+Text itemFilePathOn(TextView drive, const Text& fileName);
 
 /// Computes `itemStart` from the widths: item 0 starts at byte 1, each item where the one before it ends.
 void computeItemStart(ItemTable& items);

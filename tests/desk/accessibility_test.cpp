@@ -138,6 +138,31 @@ TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     desk.dialogs.askYesNoCancel({}, u"本文");
 }
 
+TEST(Accessibility, TheDesignFormNamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    desk.inNextModal([&desk] {
+        desk.settle();
+        walk(desk);
+        desk.key(plainKey(Key::escape));
+    });
+    desk.key(plainKey(Key::f5));
+}
+
+TEST(Accessibility, TheReferenceListOfTheDesignFormIsWalkedWithIt) {
+    WalkDesk desk;
+    desk.inNextModal([&desk] {
+        desk.settle();
+        for (int i = 0; i < 3; ++i) {
+            desk.key(plainKey(Key::tab));
+        }
+        desk.key(plainKey(Key::enter));
+        walk(desk);
+        desk.key(plainKey(Key::escape));
+        desk.key(plainKey(Key::escape));
+    });
+    desk.key(plainKey(Key::f5));
+}
+
 TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
     WalkDesk desk;
     bool isWalked = false;
