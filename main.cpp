@@ -22,6 +22,7 @@
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
 #include "voice/forms/form_table.h"
+#include "voice/forms/key_guide.h"
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
 
@@ -66,6 +67,7 @@ int main(int argc, char** argv) {
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
+    addKeyGuides(forms, context);
 
     EditScreen edit(zormod);
     connectPositionBoxes(edit);

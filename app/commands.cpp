@@ -1,7 +1,10 @@
 #include "app/commands.h"
 
 #include "edit/jumps.h"
+#include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/forms.h"
+#include "platform/screen.h"
 #include "voice/announcement.h"
 #include "voice/program_end.h"
 #include "voice/reading_mode.h"
@@ -45,5 +48,17 @@ void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, Inpu
     bindReading(u"mnuDTKOFF", mnuDTKOFF);
     bindReading(u"mnuJY", mnuJY);
     bindReading(u"mnuINH", mnuINH);
+
+    const auto bindForm = [&](TextView name, TextView form) {
+        commands.bind(name, [&zormod, form] { zormod.platform.forms.open(form); });
+    };
+    bindForm(u"mnuALT", u"frmALT");
+    bindForm(u"mnuCTRL", u"frmCTRLK");
+    bindForm(u"mnuFKEY", u"frmFUNC");
+    bindForm(u"mnuSfunc", u"frmSFUNC");
+    commands.bind(u"backToInputBox", [&edit] {
+        edit.zormod.platform.screen.redrawView();
+        giveInputBoxFocus(edit);
+    });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
 }

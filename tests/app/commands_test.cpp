@@ -49,6 +49,28 @@ TEST(CommandTable, ARoutineMayBindItselfAnew) {
     EXPECT_EQ(runs, 11);
 }
 
+TEST(CommandTable, TheKeyGuidesAreOpenedByTheirEntries) {
+    CommandWorld world;
+    for (const TextView name : {u"mnuALT", u"mnuCTRL", u"mnuFKEY", u"mnuSfunc"}) {
+        world.table_.run(name);
+    }
+    EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmALT", "frmCTRLK", "frmFUNC", "frmSFUNC"));
+}
+
+TEST(CommandTable, GoingBackToTheInputBoxRedrawsTheSheetAndKeepsWhatIsTyped) {
+    CommandWorld world;
+    world.openThreeRecords();
+    world.box.change(u"ab");
+    world.takeSpoken();
+    world.later();
+    const int redraws = world.screen.redraws;
+    world.table_.run(u"backToInputBox");
+    EXPECT_EQ(world.screen.redraws, redraws + 1);
+    EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+    EXPECT_EQ(utf8(world.edit.txtinputbox.text()), "ab");
+    EXPECT_EQ(world.takeSpoken().size(), 1U);
+}
+
 TEST(CommandTable, ANameWithoutARoutineBeepsAndSaysSo) {
     CommandWorld world;
     world.table_.run(u"mnuSORT");

@@ -121,6 +121,16 @@ TEST(Accessibility, TheMenuBarTellsItsMenus) {
     }
 }
 
+TEST(Accessibility, TheKeyGuidesNameTheirControlsAndTabReachesAll) {
+    for (const TextView command : {u"mnuALT", u"mnuCTRL", u"mnuFKEY", u"mnuSfunc"}) {
+        WalkDesk desk;
+        desk.guard.run([&] { desk.commands.run(command); });
+        desk.settle();
+        walk(desk);
+        QApplication::activeWindow()->close();
+    }
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {
