@@ -21,7 +21,8 @@ void CommandTable::run(TextView name) {
     }
 }
 
-void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box) {
+void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box,
+                  TextViewer& viewer) {
     commands.onUnbound([&zormod] {
         zormod.platform.beeper.beep();
         talkS(zormod, u"まだ使えません");
@@ -56,6 +57,9 @@ void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, Inpu
     bindForm(u"mnuCTRL", u"frmCTRLK");
     bindForm(u"mnuFKEY", u"frmFUNC");
     bindForm(u"mnuSfunc", u"frmSFUNC");
+    for (const HelpFile& help : helpFiles()) {
+        commands.bind(help.command, [&viewer, &help] { viewer.showHelp(help); });
+    }
     commands.bind(u"backToInputBox", [&edit] {
         edit.zormod.platform.screen.redrawView();
         giveInputBoxFocus(edit);

@@ -32,13 +32,8 @@ Text linesFromQt(QString text) {
 } // namespace
 
 Text cleanedForLines(TextView text) {
-    Text clean;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool endsLine = text[i] == u'\r' || text[i] == u'\n';
-        if (text[i] != u'\n' || i == 0 || text[i - 1] != u'\r') {
-            clean += endsLine ? u'\r' : cleanedUnit(text[i]);
-        }
-    }
+    Text clean = withLinesEndedByCr(text);
+    std::ranges::transform(clean, clean.begin(), [](char16_t unit) { return unit == u'\r' ? unit : cleanedUnit(unit); });
     return clean;
 }
 

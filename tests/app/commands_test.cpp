@@ -11,7 +11,7 @@ namespace {
 
 struct CommandWorld : TestWorld {
     CommandWorld() {
-        bindCommands(table_, zormod, edit, box);
+        bindCommands(table_, zormod, edit, box, viewer);
         zormod.speech.speechMode = 1;
     }
     void openThreeRecords() {
@@ -21,6 +21,7 @@ struct CommandWorld : TestWorld {
     }
     EditScreen edit{zormod};
     InputBox box{edit};
+    TextViewer viewer{zormod};
     CommandTable table_;
 };
 
@@ -55,6 +56,17 @@ TEST(CommandTable, TheKeyGuidesAreOpenedByTheirEntries) {
         world.table_.run(name);
     }
     EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmALT", "frmCTRLK", "frmFUNC", "frmSFUNC"));
+}
+
+TEST(CommandTable, TheHelpMenuShowsItsTextsInTheViewer) {
+    for (const HelpFile& help : helpFiles()) {
+        CommandWorld world;
+        world.writeFile(utf8(help.file), "abc\r\n");
+        world.table_.run(help.command);
+        EXPECT_EQ(utf8(world.viewer.text()), "abc\r");
+        EXPECT_EQ(utf8(world.viewer.caption()), utf8(help.caption));
+        EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmHelp"));
+    }
 }
 
 TEST(CommandTable, GoingBackToTheInputBoxRedrawsTheSheetAndKeepsWhatIsTyped) {

@@ -2,6 +2,7 @@
 
 #include "app/menus.h"
 #include "edit/status_update.h"
+#include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
 #include "voice/forms/key_guide.h"
@@ -12,12 +13,13 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), edit(zormod), box(edit), form(context, edit, box, form1Menus()) {
+    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), edit(zormod), box(edit), viewer(zormod), form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     formTable.setContext(context);
     addKeyGuides(formTable, context);
+    addTextViewer(formTable, context, viewer);
     connectPositionBoxes(edit);
-    bindCommands(commands, zormod, edit, box);
+    bindCommands(commands, zormod, edit, box, viewer);
     form.showReadingMode(zormod.speech.speechMode);
 }
 
