@@ -50,7 +50,7 @@ void QtPrinter::connectTo(const FormContext& context, PrintTalk talk) {
 
 bool QtPrinter::begin(const Text& title) {
     discard();
-    device_ = QPrinterInfo::availablePrinterNames().isEmpty() ? pdfFile(title) : chosenPrinter(title);
+    device_ = hasPrinter() ? chosenPrinter(title) : pdfFile(title);
     if (!device_) {
         return false;
     }
@@ -61,6 +61,8 @@ bool QtPrinter::begin(const Text& title) {
     setFontSize(10);
     return true;
 }
+
+bool QtPrinter::hasPrinter() const { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
 
 std::unique_ptr<QPagedPaintDevice> QtPrinter::chosenPrinter(const Text& title) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);

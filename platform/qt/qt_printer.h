@@ -43,6 +43,10 @@ public:
     void newPage() override;
     void end() override;
 
+protected:
+    /// True if the desktop knows a printer.
+    virtual bool hasPrinter() const;
+
 private:
     void discard();
     std::unique_ptr<QPagedPaintDevice> chosenPrinter(const Text& title);

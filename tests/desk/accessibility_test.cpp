@@ -131,6 +131,14 @@ TEST(Accessibility, TheKeyGuidesNameTheirControlsAndTabReachesAll) {
     }
 }
 
+TEST(Accessibility, TheTextViewerNamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    desk.guard.run([&] { desk.viewer.show(u"one\rtwo", u"題"); });
+    desk.settle();
+    walk(desk);
+    QApplication::activeWindow()->close();
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {
