@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
     addKeyGuides(forms, context);
     TextViewer viewer(zormod);
     addTextViewer(forms, context, viewer);
-    printer.connectTo(context, printTalk(zormod));
+    printer.setTalk(printTalk(context));
 
     EditScreen edit(zormod);
     connectPositionBoxes(edit);

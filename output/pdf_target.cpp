@@ -55,6 +55,7 @@ Text askPdfPath(ZORMOD& zormod) {
     }
 }
 
-void tellPdfWritten(ZORMOD& zormod, const Text& path) {
+void keepPdf(ZORMOD& zormod, const Text& path, BytesView bytes) {
+    zormod.platform.files.replaceWhole(path, bytes);
     talkS(zormod, path + u"に書き出しました");
 }

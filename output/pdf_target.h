@@ -8,5 +8,5 @@
 /// the user says so. The default lies beside the open table.
 Text askPdfPath(ZORMOD& zormod);
 
-/// Says that the file has been written.
-void tellPdfWritten(ZORMOD& zormod, const Text& path);
+/// Writes the file, whole or not at all, and says that it is written.
+void keepPdf(ZORMOD& zormod, const Text& path, BytesView bytes);

@@ -2,9 +2,18 @@
 
 #include "output/pdf_target.h"
 #include "voice/announcement.h"
+#include "voice/forms/modal_runner.h"
 
-PrintTalk printTalk(ZORMOD& zormod) {
-    return {.announceDialog = [&zormod] { talkS(zormod, u"印刷ダイアログです。CRで印刷、escで中止します"); },
+#include <QDialog>
+
+PrintTalk printTalk(const FormContext& context) {
+    ZORMOD& zormod = context.zormod;
+    const auto runDialog = [&context, &zormod](QDialog& dialog) {
+        // The desktop's dialog has no voice of ours.
+        talkS(zormod, u"印刷ダイアログです。CRで印刷、escで中止します");
+        return context.modals.run(dialog) == QDialog::Accepted;
+    };
+    return {.runDialog = runDialog,
             .askPdfPath = [&zormod] { return askPdfPath(zormod); },
-            .pdfWritten = [&zormod](const Text& path) { tellPdfWritten(zormod, path); }};
+            .keepPdf = [&zormod](const Text& path, BytesView bytes) { keepPdf(zormod, path, bytes); }};
 }

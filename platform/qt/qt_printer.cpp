@@ -1,10 +1,7 @@
 #include "platform/qt/qt_printer.h"
 
 #include "platform/failure.h"
-#include "platform/files.h"
 #include "platform/qt/qt_text.h"
-#include "sheet/zormod.h"
-#include "voice/forms/modal_runner.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -15,6 +12,7 @@
 #include <QPrinterInfo>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -43,11 +41,6 @@ QtPrinter::QtPrinter() = default;
 
 QtPrinter::~QtPrinter() { discard(); }
 
-void QtPrinter::connectTo(const FormContext& context, PrintTalk talk) {
-    context_ = &context;
-    talk_ = std::move(talk);
-}
-
 bool QtPrinter::begin(const Text& title) {
     discard();
     device_ = hasPrinter() ? chosenPrinter(title) : pdfFile(title);
@@ -70,8 +63,7 @@ std::unique_ptr<QPagedPaintDevice> QtPrinter::chosenPrinter(const Text& title) {
     printer->setResolution(twipsPerInch);
     printer->setFullPage(true);
     QPrintDialog dialog(printer.get());
-    talk_.announceDialog();
-    return context_->modals.run(dialog) == QDialog::Accepted ? std::move(printer) : nullptr;
+    return talk_.runDialog(dialog) ? std::move(printer) : nullptr;
 }
 
 std::unique_ptr<QPagedPaintDevice> QtPrinter::pdfFile(const Text& title) {
@@ -125,9 +117,8 @@ void QtPrinter::end() {
     pdf_.close();
     if (!pdfPath_.empty()) {
         const QByteArray& bytes = pdf_.data();
-        context_->zormod.platform.files.replaceWhole(pdfPath_,
-                                                     BytesView(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-        talk_.pdfWritten(std::exchange(pdfPath_, {}));
+        talk_.keepPdf(std::exchange(pdfPath_, {}),
+                      BytesView(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     }
 }
 

@@ -3,7 +3,6 @@
 // into a PDF file. One unit of the page is a twip on both roads.
 
 #include "platform/printer.h"
-#include "platform/qt/form_context.h"
 
 #include <QBuffer>
 #include <QFont>
@@ -12,14 +11,16 @@
 #include <functional>
 #include <memory>
 
+class QDialog;
 class QPagedPaintDevice;
 class QPrinter;
 
-/// What the program says and asks round a printed document.
+/// What the program asks, says and keeps round a printed document.
 struct PrintTalk {
-    std::function<void()> announceDialog{};             ///< before the desktop's dialog, which has no voice of ours
+    std::function<bool(QDialog& dialog)> runDialog{};   ///< runs the desktop's dialog; false: given up
     std::function<Text()> askPdfPath{};                 ///< empty: given up
-    std::function<void(const Text& path)> pdfWritten{}; ///< after the file is safely on the disk
+    /// Puts the finished file on the disk and says so.
+    std::function<void(const Text& path, BytesView bytes)> keepPdf{};
 };
 
 /// Prints by the toolkit.
@@ -27,9 +28,9 @@ class QtPrinter : public Printer {
 public:
     QtPrinter();
     ~QtPrinter() override;
-    /// Must be called before the first document. The context can't be had earlier: the shared state in it is made with
-    /// a Platform that names this very object.
-    void connectTo(const FormContext& context, PrintTalk talk);
+    /// Must be called before the first document. The words can't be had earlier: they need the shared state, which is
+    /// made with a Platform that names this very object.
+    void setTalk(PrintTalk talk) { talk_ = std::move(talk); }
 
     bool begin(const Text& title) override;
     void setFont(const Text& name) override;
@@ -52,7 +53,6 @@ private:
     std::unique_ptr<QPagedPaintDevice> chosenPrinter(const Text& title);
     std::unique_ptr<QPagedPaintDevice> pdfFile(const Text& title);
 
-    const FormContext* context_ = nullptr;
     PrintTalk talk_;
     Text pdfPath_; ///< empty while a real printer prints
     QBuffer pdf_;

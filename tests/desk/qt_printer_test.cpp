@@ -34,7 +34,7 @@ struct PrinterPart {
 
 struct PrintDesk : PrinterPart, Desk {
     PrintDesk() : Desk({.printer = &printer}) {
-        printer.connectTo(context, printTalk(zormod));
+        printer.setTalk(printTalk(context));
         open(owner);
         zormod.speech.speechMode = 1;
     }

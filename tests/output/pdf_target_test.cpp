@@ -52,3 +52,11 @@ TEST(PdfTarget, AnExistingFileIsOverwrittenOnlyWhenTheUserSaysSo) {
     world.dialogs.answers = {Answer::ok};
     EXPECT_EQ(world.ask(), world.inFolder(u"old.pdf"));
 }
+
+TEST(PdfTarget, TheFileIsKeptWholeAndTold) {
+    PdfWorld world;
+    world.zormod.speech.speechMode = 1;
+    keepPdf(world.zormod, world.zormod.file.programFolder + u"a.pdf", "bytes");
+    EXPECT_EQ(world.bytesOf("a.pdf"), "bytes");
+    EXPECT_THAT(world.takeSpoken(), testing::ElementsAre(world.inFolder(u"a.pdfに書き出しました")));
+}
