@@ -102,7 +102,7 @@ void frmHelp::find() {
 
 void frmHelp::closeEvent(QCloseEvent* event) {
     event->accept();
-    activateOwner(*this);
+    activateOwner(*this, context().heldKeys);
 }
 
 void addTextViewer(FormTable& forms, const FormContext& context, TextViewer& viewer) {

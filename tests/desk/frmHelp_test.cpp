@@ -172,6 +172,16 @@ TEST(frmHelp, EachWayOutClosesItAndGivesTheKeyboardBack) {
     }
 }
 
+TEST(frmHelp, EscHeldTooLongEndsNoMoreThanTheViewer) {
+    ViewerDesk desk;
+    desk.openGuide(u"a");
+    desk.keys.hold(plainKey(Key::escape), 3);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+    EXPECT_FALSE(desk.endStatus.has_value());
+    EXPECT_FALSE(desk.guard.isEndPending());
+}
+
 TEST(frmHelp, AnotherGuideComesIntoTheOpenWindow) {
     ViewerDesk desk;
     desk.openGuide(u"one");

@@ -242,6 +242,16 @@ TEST(KeyGuide, EachWayOutGoesBackToTheInputBoxOnce) {
     }
 }
 
+TEST(KeyGuide, EscHeldTooLongEndsNoMoreThanTheGuide) {
+    GuideDesk desk;
+    desk.openGuide(u"mnuALT");
+    desk.keys.hold(plainKey(Key::escape), 3);
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+    EXPECT_FALSE(desk.endStatus.has_value());
+    EXPECT_FALSE(desk.guard.isEndPending());
+}
+
 TEST(KeyGuide, SaysItsTitleAndTheCellAndTheRow) {
     GuideDesk desk;
     desk.openGuide(u"mnuSfunc");

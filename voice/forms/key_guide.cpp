@@ -94,7 +94,7 @@ void KeyGuideForm::closeEvent(QCloseEvent* event) {
 }
 
 void KeyGuideForm::giveBack() {
-    activateOwner(*this);
+    activateOwner(*this, context().heldKeys);
     context().guard.run([this] { context().zormod.platform.commands.run(u"backToInputBox"); });
 }
 
