@@ -8,6 +8,8 @@
 #include "edit/forms/Form1.h"
 #include "edit/input_box.h"
 #include "edit/status_update.h"
+#include "output/forms/frmHelp.h"
+#include "output/forms/print_talk.h"
 #include "platform/code_page.h"
 #include "platform/posix/native_names.h"
 #include "platform/posix/posix_files.h"
@@ -17,12 +19,14 @@
 #include "platform/qt/guard.h"
 #include "platform/qt/held_keys.h"
 #include "platform/qt/keeper_clipboard.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/romika_application.h"
 #include "platform/qt/turn_giver.h"
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
 #include "structure/forms/structure_forms.h"
 #include "voice/forms/form_table.h"
+#include "voice/forms/key_guide.h"
 #include "voice/forms/message_dialogs.h"
 #include "voice/forms/modal_runner.h"
 
@@ -56,7 +60,9 @@ int main(int argc, char** argv) {
     CommandTable commands;
     FormTable forms;
     TurnGiver eventLoop;
-    ZORMOD zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands, forms, eventLoop});
+    QtPrinter printer;
+    ZORMOD zormod(Platform{clipboard, clock, beeper, files, codePage, dialogs, screen, commands, forms, eventLoop,
+                           printer});
 
     EventGuard guard(zormod, [](int status) { QCoreApplication::exit(status); });
     guard.setCleanup([&](const RuntimeFailure& failure) { putStateRight(zormod, failure); });
@@ -68,11 +74,15 @@ int main(int argc, char** argv) {
     dialogs.setContext(context);
     forms.setContext(context);
     addStructureForms(forms, context);
+    addKeyGuides(forms, context);
+    TextViewer viewer(zormod);
+    addTextViewer(forms, context, viewer);
+    printer.setTalk(printTalk(context));
 
     EditScreen edit(zormod);
     connectPositionBoxes(edit);
     InputBox inputBox(edit);
-    bindCommands(commands, zormod, edit, inputBox);
+    bindCommands(commands, zormod, edit, inputBox, viewer);
     Form1 form(context, edit, inputBox, form1Menus());
     screen.connectTo(&form);
 

@@ -2,7 +2,10 @@
 
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
+#include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/forms.h"
+#include "platform/screen.h"
 #include "voice/announcement.h"
 #include "voice/program_end.h"
 #include "voice/reading_mode.h"
@@ -19,7 +22,8 @@ void CommandTable::run(TextView name) {
     }
 }
 
-void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box) {
+void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box,
+                  TextViewer& viewer) {
     commands.onUnbound([&zormod] {
         zormod.platform.beeper.beep();
         talkS(zormod, u"まだ使えません");
@@ -46,6 +50,21 @@ void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, Inpu
     bindReading(u"mnuDTKOFF", mnuDTKOFF);
     bindReading(u"mnuJY", mnuJY);
     bindReading(u"mnuINH", mnuINH);
+
+    const auto bindForm = [&](TextView name, TextView form) {
+        commands.bind(name, [&zormod, form] { zormod.platform.forms.open(form); });
+    };
+    bindForm(u"mnuALT", u"frmALT");
+    bindForm(u"mnuCTRL", u"frmCTRLK");
+    bindForm(u"mnuFKEY", u"frmFUNC");
+    bindForm(u"mnuSfunc", u"frmSFUNC");
+    for (const HelpFile& help : helpFiles()) {
+        commands.bind(help.command, [&viewer, &help] { viewer.showHelp(help); });
+    }
+    commands.bind(u"backToInputBox", [&edit] {
+        edit.zormod.platform.screen.redrawView();
+        giveInputBoxFocus(edit);
+    });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
     bindStructureCommands(commands, edit);
 }

@@ -3,6 +3,7 @@
 // it, and fills it when the edit screen exists. Keys, menus, labels and lower rooms all start operations through it.
 
 #include "edit/input_box.h"
+#include "output/text_viewer.h"
 #include "platform/commands.h"
 
 #include <functional>
@@ -26,4 +27,5 @@ private:
 
 /// Binds every command of the edit screen that there is. A command without a routine beeps and says so. All references
 /// outlive the table's use.
-void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box);
+void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box,
+                  TextViewer& viewer);

@@ -75,7 +75,7 @@ int main() {
     TestWorld world;
     TimedEventLoop turns;
     ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
-                           world.screen, world.commands, world.forms, turns});
+                           world.screen, world.commands, world.forms, turns, world.printer});
     generateTable(world.folder.path(), "t.txt", records);
     const Text path = world.zormod.file.programFolder + u"t.txt";
     zormod.file.fileDrive = path.substr(0, 1);

@@ -10,6 +10,7 @@ class Dialogs;
 class EventLoop;
 class Files;
 class Forms;
+class Printer;
 class Screen;
 
 /// References to all interfaces. The objects outlive everything that holds this struct.
@@ -24,4 +25,5 @@ struct Platform {
     Commands& commands;
     Forms& forms;
     EventLoop& eventLoop;
+    Printer& printer;
 };

@@ -8,6 +8,19 @@ Text trimmed(TextView text) {
     return Text(text.substr(first, text.find_last_not_of(u' ') - first + 1));
 }
 
+Text withLinesEndedByCr(TextView text) {
+    Text ended;
+    ended.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\n') {
+            ended += text[i];
+        } else if (i == 0 || text[i - 1] != u'\r') {
+            ended += u'\r';
+        }
+    }
+    return ended;
+}
+
 std::size_t lastPosition(TextView text, TextView needle) {
     if (needle.empty()) {
         return 0;

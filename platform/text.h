@@ -18,6 +18,10 @@ using BytesView = std::string_view;
 /// The text without the half-width blanks at both ends. Full-width blanks stay: they are data.
 Text trimmed(TextView text);
 
+/// The text with every line end (CR LF, a lone CR, a lone LF) as a single CR: the form in which boxes of several lines
+/// are handed about.
+Text withLinesEndedByCr(TextView text);
+
 /// 1-based position of the last occurrence of `needle` in `text`, 0 if there is none or `needle` is empty.
 std::size_t lastPosition(TextView text, TextView needle);
 

@@ -1,8 +1,8 @@
 #include "platform/qt/key_line_edit.h"
 
 #include "platform/platform.h"
+#include "platform/qt/clipboard_keys.h"
 #include "platform/qt/guard.h"
-#include "platform/qt/key_codes.h"
 #include "platform/qt/key_tap.h"
 #include "platform/qt/qt_text.h"
 #include "sheet/zormod.h"
@@ -12,15 +12,18 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <algorithm>
+
+char16_t cleanedUnit(char16_t unit) {
+    if (unit < 0x20 || unit == 0x7F) {
+        return u' ';
+    }
+    return unit >= 0xF700 && unit <= 0xF7FF ? u'?' : unit;
+}
+
 Text cleanedForOneLine(TextView text) {
     Text clean(text.substr(0, text.find_first_of(u"\r\n")));
-    for (char16_t& unit : clean) {
-        if (unit < 0x20 || unit == 0x7F) {
-            unit = u' ';
-        } else if (unit >= 0xF700 && unit <= 0xF7FF) {
-            unit = u'?';
-        }
-    }
+    std::ranges::transform(clean, clean.begin(), cleanedUnit);
     return clean;
 }
 
@@ -81,14 +84,14 @@ void KeyLineEdit::keyPressEvent(QKeyEvent* event) {
 // The toolkit's own keys for copying and deleting would use the system's clipboard behind ours.
 bool KeyLineEdit::runClipboardKey(const QKeyEvent& event) {
     auto& key = const_cast<QKeyEvent&>(event); // matches() is not const
-    const KeyStroke stroke = strokeOf(event);
-    if (key.matches(QKeySequence::Copy) || stroke == ctrlKey(Key::c) || stroke == ctrlKey(Key::insert)) {
+    const ClipboardKey asked = clipboardKeyOf(event);
+    if (asked == ClipboardKey::copy) {
         copySelection();
-    } else if (key.matches(QKeySequence::Cut) || stroke == ctrlKey(Key::x) || stroke == shiftKey(Key::del)) {
+    } else if (asked == ClipboardKey::cut) {
         if (!isReadOnly() && copySelection()) {
             insert(QString());
         }
-    } else if (key.matches(QKeySequence::Paste) || stroke == ctrlKey(Key::v) || stroke == shiftKey(Key::insert)) {
+    } else if (asked == ClipboardKey::paste) {
         paste();
     } else if (key.matches(QKeySequence::DeleteEndOfLine) || key.matches(QKeySequence::DeleteCompleteLine)) {
         const int from = key.matches(QKeySequence::DeleteEndOfLine) ? cursorPosition() : 0;

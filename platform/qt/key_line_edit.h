@@ -14,6 +14,10 @@
 
 class KeyTap;
 
+/// What may enter a box for a typed or pasted `unit`: a blank for a control character, "?" for one by which a single
+/// undecodable byte is carried.
+char16_t cleanedUnit(char16_t unit);
+
 /// What may enter a one-line box of `text`: the part before its first line end, with a blank for each other control
 /// character and "?" for each character by which a single undecodable byte is carried.
 Text cleanedForOneLine(TextView text);

@@ -11,7 +11,7 @@ namespace {
 
 struct CommandWorld : TestWorld {
     CommandWorld() {
-        bindCommands(table_, zormod, edit, box);
+        bindCommands(table_, zormod, edit, box, viewer);
         zormod.speech.speechMode = 1;
     }
     void openThreeRecords() {
@@ -21,6 +21,7 @@ struct CommandWorld : TestWorld {
     }
     EditScreen edit{zormod};
     InputBox box{edit};
+    TextViewer viewer{zormod};
     CommandTable table_;
 };
 
@@ -47,6 +48,39 @@ TEST(CommandTable, ARoutineMayBindItselfAnew) {
     commands.run(u"a");
     commands.run(u"a");
     EXPECT_EQ(runs, 11);
+}
+
+TEST(CommandTable, TheKeyGuidesAreOpenedByTheirEntries) {
+    CommandWorld world;
+    for (const TextView name : {u"mnuALT", u"mnuCTRL", u"mnuFKEY", u"mnuSfunc"}) {
+        world.table_.run(name);
+    }
+    EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmALT", "frmCTRLK", "frmFUNC", "frmSFUNC"));
+}
+
+TEST(CommandTable, TheHelpMenuShowsItsTextsInTheViewer) {
+    for (const HelpFile& help : helpFiles()) {
+        CommandWorld world;
+        world.writeFile(utf8(help.file), "abc\r\n");
+        world.table_.run(help.command);
+        EXPECT_EQ(utf8(world.viewer.text()), "abc\r");
+        EXPECT_EQ(utf8(world.viewer.caption()), utf8(help.caption));
+        EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmHelp"));
+    }
+}
+
+TEST(CommandTable, GoingBackToTheInputBoxRedrawsTheSheetAndKeepsWhatIsTyped) {
+    CommandWorld world;
+    world.openThreeRecords();
+    world.box.change(u"ab");
+    world.takeSpoken();
+    world.later();
+    const int redraws = world.screen.redraws;
+    world.table_.run(u"backToInputBox");
+    EXPECT_EQ(world.screen.redraws, redraws + 1);
+    EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
+    EXPECT_EQ(utf8(world.edit.txtinputbox.text()), "ab");
+    EXPECT_EQ(world.takeSpoken().size(), 1U);
 }
 
 TEST(CommandTable, ANameWithoutARoutineBeepsAndSaysSo) {

@@ -121,6 +121,24 @@ TEST(Accessibility, TheMenuBarTellsItsMenus) {
     }
 }
 
+TEST(Accessibility, TheKeyGuidesNameTheirControlsAndTabReachesAll) {
+    for (const TextView command : {u"mnuALT", u"mnuCTRL", u"mnuFKEY", u"mnuSfunc"}) {
+        WalkDesk desk;
+        desk.guard.run([&] { desk.commands.run(command); });
+        desk.settle();
+        walk(desk);
+        QApplication::activeWindow()->close();
+    }
+}
+
+TEST(Accessibility, TheTextViewerNamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    desk.guard.run([&] { desk.viewer.show(u"one\rtwo", u"題"); });
+    desk.settle();
+    walk(desk);
+    QApplication::activeWindow()->close();
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {

@@ -49,3 +49,10 @@ TEST(RuntimeFailureValue, IsNoRowWriteUnlessItSaysSo) {
     EXPECT_FALSE(RuntimeFailure{FailureKind::file}.rowWrite);
     EXPECT_TRUE(FatalFailure{FailureKind::subscript}.report.empty());
 }
+
+TEST(Text, EveryKindOfLineEndBecomesOneCr) {
+    EXPECT_EQ(withLinesEndedByCr(u"a\r\nb\rc\nd"), u"a\rb\rc\rd");
+    EXPECT_EQ(withLinesEndedByCr(u"\r\r\n\n\n"), u"\r\r\r\r");
+    EXPECT_EQ(withLinesEndedByCr(u"\nab\r\n"), u"\rab\r");
+    EXPECT_EQ(withLinesEndedByCr(u""), u"");
+}

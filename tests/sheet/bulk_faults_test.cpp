@@ -31,7 +31,7 @@ struct FaultyCopy {
     explicit FaultyCopy(BulkWorld& world)
         : faulty(world.files), zormod(Platform{world.clipboard, world.clock, world.beeper, faulty, world.codePage,
                                                world.dialogs, world.screen, world.commands, world.forms,
-                                               world.eventLoop}) {
+                                               world.eventLoop, world.printer}) {
         zormod.file = world.zormod.file;
         world.zormod.files.tableLock.reset();
         closeAllFiles(world.zormod);

@@ -164,7 +164,7 @@ TEST(RecordWindow, AnUnchangedRowIsNotWritten) {
     FaultyFiles faulty(world.files);
     Platform platform = world.zormod.platform;
     ZORMOD zormod(Platform{platform.clipboard, platform.clock, platform.beeper, faulty, platform.codePage,
-                           platform.dialogs, platform.screen, platform.commands, platform.forms, platform.eventLoop});
+                           platform.dialogs, platform.screen, platform.commands, platform.forms, platform.eventLoop, platform.printer});
     zormod.file = world.zormod.file;
     ASSERT_EQ(readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive), u"");
     openDataFile(zormod);

@@ -17,7 +17,7 @@ struct HalfSwapped : BulkWorld {
         oldItems = bytesOf("kt.txt");
         ForkedChild child([this](const ChildSide&) {
             DyingFiles dying(files);
-            ZORMOD copy(Platform{clipboard, clock, beeper, dying, codePage, dialogs, screen, commands, forms, eventLoop});
+            ZORMOD copy(Platform{clipboard, clock, beeper, dying, codePage, dialogs, screen, commands, forms, eventLoop, printer});
             copy.file = zormod.file;
             readItemFile(copy, copy.file.fileName, copy.file.fileDrive);
             openDataFile(copy);
@@ -65,7 +65,7 @@ TEST(SwapRecord, ItIsFoundWhereverTheProgramIsStarted) {
     fs::create_directory(world.folder.path() + "/elsewhere");
     PosixFiles files(defaultDrives(), world.folder.path() + "/elsewhere");
     ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, files, world.codePage, world.dialogs,
-                           world.screen, world.commands, world.forms, world.eventLoop});
+                           world.screen, world.commands, world.forms, world.eventLoop, world.printer});
     recoverTable(zormod, world.zormod.file.fileName, world.zormod.file.fileDrive);
     EXPECT_NE(world.bytesOf("kt.txt").find("2000 ' 6\r\n"), std::string::npos);
 }

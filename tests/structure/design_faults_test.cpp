@@ -29,7 +29,7 @@ struct Pair {
 struct FaultWorld : TestWorld {
     explicit FaultWorld(Answer reply)
         : faulty(files), copy(Platform{clipboard, clock, beeper, faulty, codePage, dialogs, screen, commands, forms,
-                                       eventLoop}),
+                                       eventLoop, printer}),
           answer(reply) {
         makeTable("t.txt", {{u"ID", u"L", 3}, {u"氏名", u"L", 10}, {u"年齢", u"R", 3}},
                   {{u"1", u"山田", u"40"}, {u"2", u"鈴木", u"7"}, {u"3", u"", u"101"}});

@@ -29,7 +29,8 @@ TestWorld::TestWorld(const RealParts& parts)
       zormod(Platform{clipboard, clock, beeper, files, codePage, parts.dialogs != nullptr ? *parts.dialogs : dialogs,
                       parts.screen != nullptr ? *parts.screen : screen,
                       parts.commands != nullptr ? *parts.commands : commands,
-                      parts.forms != nullptr ? *parts.forms : forms, eventLoop}) {
+                      parts.forms != nullptr ? *parts.forms : forms, eventLoop,
+                      parts.printer != nullptr ? *parts.printer : printer}) {
     zormod.file.programFolder = files.currentFolder() + u"\\";
 }
 

@@ -6,6 +6,7 @@
 #include "platform/posix/posix_files.h"
 #include "sheet/zormod.h"
 #include "support/doubles.h"
+#include "support/fake_printer.h"
 
 #include <string>
 #include <string_view>
@@ -32,6 +33,7 @@ struct RealParts {
     Screen* screen = nullptr;
     Commands* commands = nullptr;
     Forms* forms = nullptr;
+    Printer* printer = nullptr;
 };
 
 /// Doubles, real files in `folder` (the program folder too), and the shared state in its start-up values.
@@ -73,5 +75,6 @@ struct TestWorld {
     FakeCommands commands;
     FakeForms forms;
     FakeEventLoop eventLoop;
+    FakePrinter printer;
     ZORMOD zormod;
 };

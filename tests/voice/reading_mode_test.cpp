@@ -60,7 +60,7 @@ public:
 struct ModeWorld : TestWorld {
     ModeWorld()
         : logging(log, clock), recorder(log),
-          state(Platform{logging, clock, beeper, files, codePage, dialogs, recorder, commands, forms, eventLoop}),
+          state(Platform{logging, clock, beeper, files, codePage, dialogs, recorder, commands, forms, eventLoop, printer}),
           speech(state.speech) {
         state.file.programFolder = zormod.file.programFolder;
     }
@@ -107,7 +107,7 @@ TEST(ReadingMode, SpeechStaysOnUntilTheConfirmationHasBeenHeard) {
     TestWorld world;
     WatchingClock watching;
     ZORMOD state(Platform{world.clipboard, watching, world.beeper, world.files, world.codePage, world.dialogs,
-                          world.screen, world.commands, world.forms, world.eventLoop});
+                          world.screen, world.commands, world.forms, world.eventLoop, world.printer});
     state.speech.speechMode = 1;
     int rests = 0;
     watching.onSleep = [&] {

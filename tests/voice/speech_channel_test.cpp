@@ -31,7 +31,7 @@ public:
 /// A world with speech on and a clipboard that keeps a log.
 struct SpeakingWorld : TestWorld {
     SpeakingWorld()
-        : state(Platform{logging, clock, beeper, files, codePage, dialogs, screen, commands, forms, eventLoop}),
+        : state(Platform{logging, clock, beeper, files, codePage, dialogs, screen, commands, forms, eventLoop, printer}),
           speech(state.speech) {
         speech.speechMode = 1;
     }
@@ -299,7 +299,7 @@ TEST(WaitSeconds, FailsOverMidnightWithoutAnyCorrection) {
     MidnightClock midnight;
     midnight.now = 86399.5;
     ZORMOD state(Platform{world.clipboard, midnight, world.beeper, world.files, world.codePage, world.dialogs,
-                          world.screen, world.commands, world.forms, world.eventLoop});
+                          world.screen, world.commands, world.forms, world.eventLoop, world.printer});
     try {
         waitSeconds(state, 1);
         ADD_FAILURE() << "the wait went on over midnight";

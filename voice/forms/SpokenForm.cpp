@@ -2,10 +2,12 @@
 
 #include "platform/qt/guard.h"
 #include "platform/qt/key_line_edit.h"
+#include "platform/qt/key_text_edit.h"
 #include "platform/qt/qt_text.h"
 #include "voice/caret_reading.h"
 #include "voice/cell_reading.h"
 #include "voice/forms/spoken_control.h"
+#include "voice/line_reading.h"
 #include "voice/speech_channel.h"
 #include "voice/typing_reading.h"
 
@@ -64,12 +66,15 @@ void SpokenForm::add(QWidget& control, QAnyStringView name, ControlVoice voice) 
     KeyTap::of(control, context_)
         .setFormRules([this, &entry](const KeyStroke& stroke) { return keyDown(entry, stroke); },
                       [this, &control, &entry](const KeyStroke& stroke) { keyUp(control, entry, stroke); });
+    const auto changeVoice = [this, &entry](const Text& before, const Text& now) {
+        if (!entry.voice.ownTyping) {
+            sayTextChange(context_.zormod, before, now);
+        }
+    };
     if (auto* box = qobject_cast<KeyLineEdit*>(&control)) {
-        box->setChangeVoice([this, &entry](const Text& before, const Text& now) {
-            if (!entry.voice.ownTyping) {
-                sayTextChange(context_.zormod, before, now);
-            }
-        });
+        box->setChangeVoice(changeVoice);
+    } else if (auto* lines = qobject_cast<KeyTextEdit*>(&control)) {
+        lines->setChangeVoice(changeVoice);
     }
 }
 
@@ -129,8 +134,13 @@ void SpokenForm::keyUp(QWidget& widget, Control& control, const KeyStroke& strok
         rememberCopied(context_.zormod);
     }
     const auto* box = qobject_cast<const KeyLineEdit*>(&widget);
-    if (control.voice.ownKeyUps || (box != nullptr && box->composing())) {
+    const auto* lines = qobject_cast<const KeyTextEdit*>(&widget);
+    if (control.voice.ownKeyUps || (box != nullptr && box->composing()) || (lines != nullptr && lines->composing())) {
         return;
+    }
+    if (lines != nullptr) {
+        readLineKeys(context_.zormod, stroke, linePlace(*lines), lines->selectionLength(),
+                     [lines] { return lines->view(); }, control.lastSelLength);
     }
     if (box != nullptr) {
         readBoxKeys(context_.zormod, stroke, box->view(), control.voice.label, control.lastSelLength);

@@ -12,7 +12,8 @@
 class QDialog;
 class QWidget;
 
-/// Forms by name, made when they are opened and gone when they are closed.
+/// Forms by name, made when they are opened and gone when they are closed. One that hid itself instead comes back as it
+/// was left.
 class FormTable : public Forms {
 public:
     /// A modal form; `make` gets the window that it belongs to. open() returns when the form has been closed.

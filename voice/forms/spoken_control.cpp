@@ -1,5 +1,6 @@
 #include "voice/forms/spoken_control.h"
 
+#include "platform/qt/key_text_edit.h"
 #include "platform/qt/qt_text.h"
 
 #include <QAbstractButton>
@@ -52,6 +53,14 @@ TextView kindWord(const QWidget& control) {
         return checkBoxWord;
     }
     return qobject_cast<const QPushButton*>(&control) != nullptr ? buttonWord : TextView();
+}
+
+LinePlace linePlace(const KeyTextEdit& box) {
+    return {.line = box.caretLine(),
+            .number = box.caretLineNumber(),
+            .count = box.lineCount(),
+            .caret = box.caretPosition(),
+            .characters = box.textLength()};
 }
 
 bool takesText(const QWidget& control) {

@@ -2,9 +2,11 @@
 
 #include "app/menus.h"
 #include "edit/status_update.h"
+#include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
 #include "structure/forms/structure_forms.h"
+#include "voice/forms/key_guide.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -12,13 +14,15 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands, .forms = &forms}), edit(zormod), box(edit),
+    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), edit(zormod), box(edit), viewer(zormod),
       form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
-    forms.setContext(context);
-    addStructureForms(forms, context);
+    formTable.setContext(context);
+    addStructureForms(formTable, context);
+    addKeyGuides(formTable, context);
+    addTextViewer(formTable, context, viewer);
     connectPositionBoxes(edit);
-    bindCommands(commands, zormod, edit, box);
+    bindCommands(commands, zormod, edit, box, viewer);
     form.showReadingMode(zormod.speech.speechMode);
 }
 

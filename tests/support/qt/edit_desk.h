@@ -6,6 +6,7 @@
 #include "edit/edit_screen.h"
 #include "edit/forms/Form1.h"
 #include "edit/input_box.h"
+#include "output/text_viewer.h"
 #include "platform/screen_link.h"
 #include "support/qt/desk.h"
 #include "voice/forms/form_table.h"
@@ -16,7 +17,7 @@
 struct EditDeskParts {
     ScreenLink link;
     CommandTable commands;
-    FormTable forms;
+    FormTable formTable;
 };
 
 /// The edit screen, not yet shown and without a table.
@@ -41,5 +42,6 @@ struct EditDesk : EditDeskParts, Desk {
 
     EditScreen edit;
     InputBox box;
+    TextViewer viewer;
     Form1 form;
 };
