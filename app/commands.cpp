@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/start_commands.h"
 #include "edit/jumps.h"
 #include "platform/beeper.h"
 #include "voice/announcement.h"
@@ -46,4 +47,5 @@ void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, Inpu
     bindReading(u"mnuJY", mnuJY);
     bindReading(u"mnuINH", mnuINH);
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindStartCommands(commands, edit);
 }
