@@ -87,7 +87,10 @@ int main(int argc, char** argv) {
         // In the event loop, so that a refusal can show its message and an end of the program ends the loop.
         QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(edit, argument); }));
     }
-    QApplication::exec();
+    // An end that rose before the loop runs would be forgotten by it.
+    if (!guard.isEndPending()) {
+        QApplication::exec();
+    }
     forms.destroyOpenForms();
     application.setGuard(nullptr);
     return guard.exitStatus();

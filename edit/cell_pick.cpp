@@ -2,34 +2,18 @@
 
 #include "edit/jumps.h"
 #include "edit/movement.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
-#include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
 #include "voice/speech_channel.h"
 
 #include <algorithm>
-#include <array>
-
-namespace {
-
-/// True while keys, not clicks, draw a range or look for a target.
-bool keysChoose(const Text& taskWord) {
-    static constexpr std::array<TextView, 5> words = {u"HTYU", u"copy", u"move", u"moveitem", u"moverecord"};
-    return std::find(words.begin(), words.end(), taskWord) != words.end();
-}
-
-} // namespace
-
-void dropRange(ZORMOD& zormod) {
-    zormod.selection = {};
-    zormod.platform.screen.hideMask();
-}
 
 void pickCell(EditScreen& edit, std::int32_t record, std::int16_t item) {
     ZORMOD& zormod = edit.zormod;
-    if (!hasTable(zormod) || keysChoose(zormod.taskWord)) {
+    if (!hasTable(zormod) || isBeingChosen(zormod.taskWord)) {
         return;
     }
     item = std::clamp<std::int16_t>(item, 0, zormod.items.itemCount);

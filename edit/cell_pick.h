@@ -7,6 +7,3 @@
 /// click only gives the range up; while a range is drawn or a target is chosen it does nothing. A record behind the end
 /// of the file beeps, unless it is the current one.
 void pickCell(EditScreen& edit, std::int32_t record, std::int16_t item);
-
-/// Gives the selected range up: no range, no mask. The current cell and the input box stay.
-void dropRange(ZORMOD& zormod);

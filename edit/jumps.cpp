@@ -1,6 +1,7 @@
 #include "edit/jumps.h"
 
 #include "edit/movement.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
 #include "platform/dialogs.h"
@@ -10,7 +11,6 @@
 #include "transform/width_conversion.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace {
@@ -54,8 +54,7 @@ void standOnItem(EditScreen& edit, std::int16_t item) {
 
 /// A jump ends a task, but not the choosing of a range or of a target: those go on behind it.
 void endTask(ZORMOD& zormod) {
-    static constexpr std::array<TextView, 5> goesOn = {u"HTYU", u"copy", u"move", u"moveitem", u"moverecord"};
-    if (std::find(goesOn.begin(), goesOn.end(), zormod.taskWord) == goesOn.end()) {
+    if (!isBeingChosen(zormod.taskWord)) {
         zormod.taskWord.clear();
     }
 }

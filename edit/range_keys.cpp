@@ -1,6 +1,7 @@
 #include "edit/range_keys.h"
 
 #include "edit/movement.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
 #include "platform/commands.h"
@@ -120,8 +121,7 @@ KeyOutcome fixedRangeKey(EditScreen& edit, const KeyStroke& stroke) {
 }
 
 void cancelRange(EditScreen& edit) {
-    edit.zormod.selection = {};
-    edit.zormod.platform.screen.hideMask();
+    dropRange(edit.zormod);
     edit.zormod.platform.screen.redrawView();
     showCurrentCellAtRest(edit);
 }

@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr int fewestRows = 2;
+/// With fewer rows the current record would stand in the first one, and Up, which never leaves the window, could not move.
+constexpr int fewestRows = 4;
 constexpr int mostRows = 100;
 
 bool rowIsShown(const ZORMOD& zormod, std::int64_t row) {

@@ -71,5 +71,5 @@ int rowAtHeight(const ZORMOD& zormod, int y, int rowHeight);
 /// Text of a cell for the views: trimmed, "/" cells empty. Empty outside the window or the table.
 Text viewCell(const ZORMOD& zormod, std::int64_t row, std::int64_t item);
 
-/// Rows that a view of `height` has room for: 2 to 100.
+/// Rows that a view of `height` has room for, at least 4 and at most 100. A view too low for four scrolls.
 std::int16_t rowsThatFit(int height, int rowHeight);

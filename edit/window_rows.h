@@ -3,6 +3,6 @@
 
 #include "sheet/zormod.h"
 
-/// Takes `rows` (2..100) over and refills the window round the current record. The current row keeps what has been
+/// Takes `rows` (4..100) over and refills the window round the current record. The current row keeps what has been
 /// typed into it and isn't on the disk yet. Without a table only the number is taken.
 void useWindowRows(ZORMOD& zormod, std::int16_t rows);

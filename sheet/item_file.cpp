@@ -110,17 +110,6 @@ Text itemLine(int label, const Text& rest) {
     return plainNumber(label) + u" '" + rest + u"\r\n";
 }
 
-Text itemFileText(const ItemTable& items, const Text& memo) {
-    Text text = u"100  '" + Str(0) + u"," + memo + u",," + Str(items.itemCount) + u"\r\n";
-    for (int i = 0; i <= items.itemCount; ++i) {
-        text += itemLine(1000 + i, items.itemName[i] + u"," + items.itemAlign[i]);
-    }
-    for (int i = 0; i <= items.itemCount; ++i) {
-        text += itemLine(2000 + i, Str(items.itemWidth[i]));
-    }
-    return text;
-}
-
 } // namespace
 
 Result readItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive) {
@@ -158,6 +147,17 @@ void writeItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive) 
         closeFile(zormod, 2);
         zormod.writeFlag = u"er";
     }
+}
+
+Text itemFileText(const ItemTable& items, const Text& memo) {
+    Text text = u"100  '" + Str(0) + u"," + memo + u",," + Str(items.itemCount) + u"\r\n";
+    for (int i = 0; i <= items.itemCount; ++i) {
+        text += itemLine(1000 + i, items.itemName[i] + u"," + items.itemAlign[i]);
+    }
+    for (int i = 0; i <= items.itemCount; ++i) {
+        text += itemLine(2000 + i, Str(items.itemWidth[i]));
+    }
+    return text;
 }
 
 Text itemFilePath(const ZORMOD& zormod, const Text& fileName) {

@@ -31,6 +31,9 @@ Result readOtherItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileD
 /// `writeFlag` is "er"; it is empty after success.
 void writeItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive);
 
+/// The text of a K file, for items 0 to `itemCount`.
+Text itemFileText(const ItemTable& items, const Text& memo);
+
 /// Full path of the K file of `fileName` on `fileDrive`: the letter "K" before the name part.
 Text itemFilePath(const ZORMOD& zormod, const Text& fileName);
 /// The same on `otherFileDrive`.

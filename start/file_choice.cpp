@@ -60,8 +60,8 @@ Text FileChoice::description() const {
     if (word_ == deleteFileWord) {
         text += u"選んだファイルは、確認なしに　削除されます。";
     }
-    text += u"ファイルのリストで　スペースキーを　叩くと、その　項目一覧が　表示されます。"
-            u"エスケープキーで　中止します。";
+    text += u"ファイルのリストで　スペースキーを　叩くと、その　項目一覧が　表示されます。";
+    text += endsProgram() ? u"エスケープキーで　ロミカを終了します。" : u"エスケープキーで　中止します。";
     return text;
 }
 
@@ -106,8 +106,7 @@ void FileChoice::readCsv() {
 }
 
 void FileChoice::giveUp() {
-    const bool hasNoTable = zormod_.file.fileName.empty();
-    if (hasNoTable && (word_.empty() || word_ == convertFileWord)) {
+    if (endsProgram()) {
         farewellEnd(zormod_);
     }
     const bool mayHaveChangedFiles = word_ == deleteFileWord || word_ == convertFileWord;
@@ -126,6 +125,10 @@ void FileChoice::makeFolderHere() {
 void FileChoice::toggleAllFiles() {
     setWord(listsTables() ? convertFileWord : TextView(openedWith_));
     talkS(zormod_, hint());
+}
+
+bool FileChoice::endsProgram() const {
+    return zormod_.file.fileName.empty() && (word_.empty() || word_ == convertFileWord);
 }
 
 /// What the selected line means: the list shows item definition files, and their first letter isn't the table's.

@@ -55,6 +55,8 @@ private:
         Text fileDrive;
     };
     bool hasChoice() const { return !folders_.selectedName().empty(); }
+    /// Giving up ends the program: there is no table to go back to.
+    bool endsProgram() const;
     Name chosenName() const;
     void setWord(TextView word);
     void openChosen();

@@ -5,6 +5,7 @@
 #include "edit/forms/menu_voice.h"
 #include "edit/forms/panel.h"
 #include "edit/forms/panel_binding.h"
+#include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "edit/window_rows.h"
 #include "platform/commands.h"

@@ -221,6 +221,18 @@ TEST(Movement, AStepUpOutOfTheWindowIsUndoneWithABeep) {
     EXPECT_EQ(world.zormod.input.idAutoValue, 7);
 }
 
+TEST(Movement, TheSmallestWindowOfTheViewsStillLetsTheRecordGoUp) {
+    EditWorld world;
+    world.numbered(20);
+    world.zormod.position.windowRows = 4;
+    world.stand(10, 0);
+    nextRecord(world.edit);
+    prevRecord(world.edit);
+    prevRecord(world.edit);
+    EXPECT_EQ(world.record(), 9);
+    EXPECT_EQ(world.beeper.count, 0);
+}
+
 TEST(Movement, AFullWindowOfAHundredRowsStepsToTheNewRecord) {
     EditWorld world;
     world.numbered(100);

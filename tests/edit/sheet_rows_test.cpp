@@ -137,7 +137,7 @@ TEST(SheetRows, RowsShowTheRecordsFromTheWindowsFirstOne) {
 TEST(SheetRows, RowsThatFitAreAtLeastTwoAndAtMostAHundred) {
     EXPECT_EQ(rowsThatFit(599, 30), 19);
     EXPECT_EQ(rowsThatFit(600, 30), 20);
-    EXPECT_EQ(rowsThatFit(10, 30), 2);
+    EXPECT_EQ(rowsThatFit(10, 30), 4);
     EXPECT_EQ(rowsThatFit(9000, 10), 100);
-    EXPECT_EQ(rowsThatFit(500, 0), 2);
+    EXPECT_EQ(rowsThatFit(500, 0), 4);
 }

@@ -292,6 +292,16 @@ TEST(FileChoice, GivingUpGoesBackToTheOpenTable) {
     }
 }
 
+TEST(FileChoice, TheDescriptionWarnsOfWhatCantBeTakenBack) {
+    const auto says = [](const ChoiceWorld& world, const char* words) {
+        return utf8(world.choice->description()).find(words) != std::string::npos;
+    };
+    EXPECT_TRUE(says(ChoiceWorld(deleteFileWord), "確認なしに"));
+    EXPECT_FALSE(says(ChoiceWorld(), "確認なしに"));
+    EXPECT_TRUE(says(ChoiceWorld(u"", false), "ロミカを終了します"));
+    EXPECT_FALSE(says(ChoiceWorld(openFileWord, false), "ロミカを終了します"));
+}
+
 TEST(FileChoice, GivingUpWithoutATableEndsTheProgram) {
     for (const TextView word : {TextView(u""), convertFileWord}) {
         ChoiceWorld world(word, false);

@@ -27,7 +27,7 @@ void FormTable::open(TextView name) {
     }
     Entry& entry = found->second;
     if (entry.form) {
-        entry.form->show();
+        entry.form->show(); // a form that was hidden is still there, as it was left
         entry.form->activateWindow();
         entry.form->raise();
         return;

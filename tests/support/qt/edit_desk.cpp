@@ -4,6 +4,7 @@
 #include "edit/status_update.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
+#include "start/forms/start_forms.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -11,8 +12,11 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands}), edit(zormod), box(edit), form(context, edit, box, form1Menus()) {
+    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), edit(zormod), box(edit), form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
+    formTable.setContext(context);
+    formTable.addStanding(u"Form1", form);
+    addStartForms(formTable, context);
     connectPositionBoxes(edit);
     bindCommands(commands, zormod, edit, box);
     form.showReadingMode(zormod.speech.speechMode);

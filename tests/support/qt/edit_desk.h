@@ -8,6 +8,7 @@
 #include "edit/input_box.h"
 #include "platform/screen_link.h"
 #include "support/qt/desk.h"
+#include "voice/forms/form_table.h"
 
 #include <memory>
 
@@ -15,6 +16,7 @@
 struct EditDeskParts {
     ScreenLink link;
     CommandTable commands;
+    FormTable formTable;
 };
 
 /// The edit screen, not yet shown and without a table.
