@@ -9,7 +9,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QVBoxLayout>
 
 frmDISK::frmDISK(const FormContext& context, QWidget* parent)
@@ -65,11 +64,14 @@ void frmDISK::refresh() {
     boxes_->refresh();
 }
 
+// The close box gives up; once the choice is over, whoever ended it, the form really closes.
 void frmDISK::closeEvent(QCloseEvent* event) {
+    if (!choice_.isClosed()) {
+        run(&FileChoice::giveUp);
+    }
     if (choice_.isClosed()) {
         SpokenDialog::closeEvent(event);
-        return;
+    } else {
+        event->ignore();
     }
-    event->ignore();
-    run(&FileChoice::giveUp);
 }

@@ -4,6 +4,7 @@
 #include "start/forms/start_forms.h"
 #include "support/qt/edit_desk.h"
 
+#include <QApplication>
 #include <QListView>
 #include <QPointer>
 #include <QTimer>
@@ -40,6 +41,11 @@ struct StartDesk : EditDesk {
     /// What a list of the active form stands at.
     std::string lineOf(QAnyStringView list) {
         return static_cast<QListView*>(control(list))->currentIndex().data().toString().toStdString();
+    }
+    /// Enter in a message that came up while Enter was held: it is let go first.
+    void enterAnew() {
+        keys.up(plainKey(Key::enter));
+        keys.press(plainKey(Key::enter));
     }
     /// Runs a command of the edit screen, in a form of which `script` is run.
     void runWith(TextView command, std::function<void()> script) {
