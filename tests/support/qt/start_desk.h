@@ -16,10 +16,12 @@
 struct StartDesk : EditDesk {
     explicit StartDesk(std::int16_t speechMode = 2) { zormod.speech.speechMode = speechMode; }
 
-    /// The start screen as main opens it; what it said meanwhile is kept.
+    /// The start screen as main opens it; what it said meanwhile is kept. Its timer ticks only by tick().
     void openStartScreen() {
         EXPECT_TRUE(guard.run([&] { formTable.open(u"FrmLunch"); }));
         settle();
+        timerRan = guidanceTimer().isActive();
+        guidanceTimer().stop();
     }
     QTimer& guidanceTimer() { return *QApplication::activeWindow()->findChild<QTimer*>(QStringLiteral("Timer1")); }
     /// The timer's tick, without waiting for it.
@@ -47,6 +49,8 @@ struct StartDesk : EditDesk {
         keys.up(plainKey(Key::enter));
         keys.press(plainKey(Key::enter));
     }
+    bool timerRan = false; ///< the guidance's timer had been started
+
     /// Runs a command of the edit screen, in a form of which `script` is run.
     void runWith(TextView command, std::function<void()> script) {
         inNextModal(std::move(script));
