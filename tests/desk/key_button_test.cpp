@@ -61,6 +61,7 @@ TEST(KeyButton, ItsAccessKeyGivesItTheFocusAndPressesItAtOnce) {
     int presses = 0;
     other->onClick([&] { ++presses; });
     desk.window.layout()->addWidget(other);
+    desk.settle();
     desk.button->setFocus();
     desk.keys.down(altKey(Key::f));
     EXPECT_EQ(presses, 1);
