@@ -249,6 +249,23 @@ TEST(FileChoice, ADeletionThatFailsIsThrownAndTheFormStillKnowsWhatItIsFor) {
     EXPECT_NO_THROW(world.choice->giveUp());
 }
 
+TEST(FileChoice, ADeletionThatFailsHalfwayIsThrownAndTheListStillHoldsTheFile) {
+    for (const int failing : {1, 2}) {
+        ChoiceWorld world(deleteFileWord, false);
+        FaultyState state(world);
+        state.zormod.taskWord = Text(deleteFileWord);
+        FileChoice choice(state.zormod);
+        choice.folders().selectFile(1);
+        ASSERT_EQ(utf8(choice.folders().selectedName()), "kb.txt");
+        state.files.failAt(failing, FaultyFiles::Counted::writes);
+        EXPECT_THROW(choice.carryOut(), RuntimeFailure);
+        EXPECT_EQ(world.isThere("b.txt"), failing == 1);
+        EXPECT_TRUE(world.isThere("kb.txt"));
+        EXPECT_TRUE(choice.folders().refresh());
+        EXPECT_EQ(utf8(choice.folders().selectedName()), "kb.txt");
+    }
+}
+
 TEST(FileChoice, AllFilesAreShownAndTheTablesAgain) {
     ChoiceWorld world(deleteFileWord);
     world.zormod.speech.speechMode = 1;

@@ -90,6 +90,20 @@ TEST(ModelFiles, MissingSourcesAreReportedAndNothingIsLeftBehind) {
     }
 }
 
+TEST(ModelFiles, ACopyThatFailsIsDoneWholeTheNextTime) {
+    for (const int failing : {1, 2}) {
+        ModelWorld world;
+        FaultyState state(world);
+        state.files.failAt(failing, FaultyFiles::Counted::writes);
+        EXPECT_EQ(openModel(state.zormod, 1), u"雛型なし");
+        EXPECT_FALSE(world.isThere("k家計簿.txt"));
+        state.files.heal();
+        EXPECT_EQ(openModel(state.zormod, 1), u"");
+        EXPECT_EQ(recordCount(state.zormod), 1);
+        EXPECT_EQ(world.bytesOf(world.name()), world.bytesOf("m1.___"));
+    }
+}
+
 TEST(ModelFiles, ASpoiltItemFileHasSpokenForItselfAndBeeps) {
     ModelWorld world;
     world.writeFile("k家計簿.txt", "nonsense");

@@ -4,6 +4,7 @@
 #include "edit/status_update.h"
 #include "sheet/record_file.h"
 #include "start/table_opening.h"
+#include "support/faulty_files.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,18 @@
 #include <filesystem>
 #include <string>
 #include <vector>
+
+/// A second state of the same world whose files fail when a test wants them to.
+struct FaultyState {
+    explicit FaultyState(TestWorld& world)
+        : files(world.files), zormod(Platform{world.clipboard, world.clock, world.beeper, files, world.codePage,
+                                              world.dialogs, world.screen, world.commands, world.forms,
+                                              world.eventLoop}) {
+        zormod.file.programFolder = world.zormod.file.programFolder;
+    }
+    FaultyFiles files;
+    ZORMOD zormod;
+};
 
 struct StartWorld : TestWorld {
     StartWorld() { forms.loaded.insert(u"Form1"); }
