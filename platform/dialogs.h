@@ -1,6 +1,6 @@
 #pragma once
 // The message forms as the logic sees them: modal questions and messages that speak themselves. Each call returns when
-// the user has answered. Callers pass whole sentences; a CR or CR LF in a text is a line break.
+// the user has answered; the progress form alone is shown without waiting. Callers pass whole sentences; a CR or CR LF in a text is a line break.
 
 #include "platform/text.h"
 
@@ -21,4 +21,15 @@ public:
     /// Asks with `frmCMSG`; `Answer::yes`, `Answer::no` or `Answer::cancel`. A non-empty `prompt` is the form's title
     /// for this question.
     virtual Answer askYesNoCancel(const Text& prompt, const Text& text) = 0;
+    /// Shows the progress form `frmDOE` under the operation's `name` and returns at once: the caller's loop runs on. Until
+    /// the form is closed only its stop button takes input, at the turns of the event loop that the loop gives; the
+    /// button sets `answers(0)`, which loading has set to 0, to 1. An empty caption means the form's own. A progress
+    /// form that is open already is used anew.
+    virtual void openProgress(const Text& name, const Text& caption) = 0;
+    /// Sets the progress label; nothing without the form.
+    virtual void showProgress(const Text& text) = 0;
+    /// Closes the progress form; nothing without it. The focus goes back to where it was, without a word.
+    virtual void closeProgress() = 0;
+    /// True while the progress form is open: its stop button closes it.
+    virtual bool isProgressOpen() const = 0;
 };

@@ -27,6 +27,17 @@ public:
     virtual void writeDurably(std::int64_t offset, BytesView bytes) = 0;
 };
 
+/// A file open for one run over many records. Reads come from blocks read ahead and see what was written before;
+/// writes go behind in blocks that are pushed to the disk little by little, so that the wait at the end is short. What
+/// writeDurably promises holds once finish has returned: until then any part of what was written may be missing, and
+/// after a failure what the file holds is undefined.
+class BulkFile : public RandomFile {
+public:
+    /// Writes out what is still held back and returns when everything is safely on the disk. Fails if the path no
+    /// longer names this very file.
+    virtual void finish() = 0;
+};
+
 /// The claim of this program on a table; other running copies can't open the table while it is held. Released by its
 /// destructor; the claim of a program that has died doesn't count.
 class TableLock {
@@ -54,6 +65,8 @@ public:
     /// Opens a file for reading and writing in random access and makes it if it doesn't exist; one that may not be
     /// written is opened for reading. A folder or a device is a failure.
     virtual std::unique_ptr<RandomFile> openRandom(const Text& path) = 0;
+    /// The same for one run over many records. A file that is there already is not emptied.
+    virtual std::unique_ptr<BulkFile> openBulk(const Text& path) = 0;
     /// All bytes of a file. A file of more than `limit` bytes is a failure.
     virtual Bytes readWhole(const Text& path, std::size_t limit) = 0;
     /// Makes `contents` the whole contents of the file, new or existing. Killed at any moment it leaves the old
@@ -65,6 +78,15 @@ public:
     /// shared; a file that doesn't exist yet or can't be opened, or a file system without locks, gives a claim that
     /// excludes nobody: the opening that follows tells why.
     virtual std::unique_ptr<TableLock> lockTable(const Text& path) = 0;
+    /// Claims the folder at `path`, such as u"C:" for the drive's current folder: of several running copies only one can
+    /// work in it. Null if another one does; otherwise as lockTable.
+    virtual std::unique_ptr<TableLock> lockFolder(const Text& path) = 0;
+    /// Puts the file `from` in the place of `to`, new or existing; afterwards nothing has the name `from`. Killed at any
+    /// moment it leaves the old file at `to` or the new one, and returns when that is safely on the disk. From another
+    /// disk the bytes are copied to ".new-" and the name of `to`, beside it, first: that file, or `from` beside the new
+    /// `to`, may outlast a kill. The new file keeps the permissions of the old one.
+    /// Returns the claim on the new file, made before it gets the name, so that the name is never unclaimed.
+    virtual std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) = 0;
     /// Deletes a file. A file that doesn't exist, or a folder, is a failure.
     virtual void remove(const Text& path) = 0;
     /// Makes a folder. One that exists already, or whose parent doesn't, is a failure.

@@ -1,8 +1,10 @@
 #include "sheet/failure_recovery.h"
 
+#include "platform/dialogs.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/swap_record.h"
 
 #include <algorithm>
 
@@ -15,6 +17,8 @@ void reopenTable(ZORMOD& zormod) {
 }
 
 void readTableAgain(ZORMOD& zormod) {
+    // The failure may have come between the two files of a swap.
+    finishSwap(zormod, zormod.file.fileName, zormod.file.fileDrive);
     if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
         // The refusal has told the user, and it has closed the table.
         return;
@@ -34,6 +38,7 @@ void putStateRight(ZORMOD& zormod, const RuntimeFailure& failure) {
     for (int fileNo = 2; fileNo <= 4; ++fileNo) {
         closeFile(zormod, fileNo);
     }
+    zormod.platform.dialogs.closeProgress();
     zormod.taskWord.clear();
     zormod.results.answers[0] = 0.0;
     if (zormod.file.fileName.empty()) {

@@ -110,6 +110,18 @@ Text itemLine(int label, const Text& rest) {
     return plainNumber(label) + u" '" + rest + u"\r\n";
 }
 
+/// Makes `contents` the K file at `path`, or tells the user that it can't.
+void writeOrReport(ZORMOD& zormod, const Text& path, BytesView contents) {
+    zormod.writeFlag.clear();
+    try {
+        zormod.platform.files.replaceWhole(path, contents);
+    } catch (const RuntimeFailure&) {
+        zormod.platform.dialogs.showMessage(u"不適切なﾌｧｲﾙを指定しました。", u"ディスクエラー");
+        closeFile(zormod, 2);
+        zormod.writeFlag = u"er";
+    }
+}
+
 } // namespace
 
 Result readItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive) {
@@ -136,25 +148,26 @@ Result readOtherItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileD
 }
 
 void writeItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive) {
-    zormod.writeFlag.clear();
-    try {
-        zormod.platform.files.replaceWhole(
-            // The small letter is what this writer spells; the file layer finds an existing file in either case.
-            pathWithLetter(fileDrive, fileName, u'k', u'K'),
-            zormod.platform.codePage.encode(itemFileText(zormod.items, zormod.file.tableMemo)));
-    } catch (const RuntimeFailure&) {
-        zormod.platform.dialogs.showMessage(u"不適切なﾌｧｲﾙを指定しました。", u"ディスクエラー");
-        closeFile(zormod, 2);
-        zormod.writeFlag = u"er";
-    }
+    // The small letter is what this writer spells; the file layer finds an existing file in either case.
+    writeOrReport(zormod, pathWithLetter(fileDrive, fileName, u'k', u'K'),
+                  itemFileBytes(zormod, zormod.items, zormod.items.itemCount));
 }
 
-Text itemFileText(const ItemTable& items, const Text& memo) {
-    Text text = u"100  '" + Str(0) + u"," + memo + u",," + Str(items.itemCount) + u"\r\n";
-    for (int i = 0; i <= items.itemCount; ++i) {
+void writeWorkItemFile(ZORMOD& zormod, std::int16_t count) {
+    writeOrReport(zormod, fullPath(zormod.file.fileDrive, u"Kwork.qqq"),
+                  itemFileBytes(zormod, zormod.otherItems, count));
+}
+
+Bytes itemFileBytes(const ZORMOD& zormod, const ItemTable& items, std::int16_t count) {
+    return zormod.platform.codePage.encode(itemFileText(items, count, zormod.file.tableMemo));
+}
+
+Text itemFileText(const ItemTable& items, std::int16_t count, const Text& memo) {
+    Text text = u"100  '" + Str(0) + u"," + memo + u",," + Str(count) + u"\r\n";
+    for (int i = 0; i <= count; ++i) {
         text += itemLine(1000 + i, items.itemName[i] + u"," + items.itemAlign[i]);
     }
-    for (int i = 0; i <= items.itemCount; ++i) {
+    for (int i = 0; i <= count; ++i) {
         text += itemLine(2000 + i, Str(items.itemWidth[i]));
     }
     return text;

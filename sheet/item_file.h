@@ -31,8 +31,15 @@ Result readOtherItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileD
 /// `writeFlag` is "er"; it is empty after success.
 void writeItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive);
 
-/// The text of a K file, for items 0 to `itemCount`.
-Text itemFileText(const ItemTable& items, const Text& memo);
+/// Writes the items of the other table with `count` as the highest item, and the memo of the open table, as the work K
+/// file of a bulk rewrite: "Kwork.qqq" in the current folder of `fileDrive`. Fails as writeItemFile does.
+void writeWorkItemFile(ZORMOD& zormod, std::int16_t count);
+
+/// The bytes of a K file for `items` with `count` as the highest item, and the memo of the open table.
+Bytes itemFileBytes(const ZORMOD& zormod, const ItemTable& items, std::int16_t count);
+
+/// The text of a K file, for items 0 to `count`.
+Text itemFileText(const ItemTable& items, std::int16_t count, const Text& memo);
 
 /// Full path of the K file of `fileName` on `fileDrive`: the letter "K" before the name part.
 Text itemFilePath(const ZORMOD& zormod, const Text& fileName);

@@ -39,16 +39,21 @@ void readRecord(ZORMOD& zormod, int fileNo, std::int32_t recordNo, Bytes& rec) {
 void writeRecord(ZORMOD& zormod, int fileNo, std::int32_t recordNo, BytesView rec) {
     auto& buffer = zormod.window.cellBuffer;
     const std::int64_t offset = recordOffset(recordNo);
-    buffer.fill('\0');
-    std::copy_n(rec.begin(), std::min(rec.size(), buffer.size()), buffer.begin());
+    const auto end = std::copy_n(rec.begin(), std::min(rec.size(), buffer.size()), buffer.begin());
+    std::fill(end, buffer.end(), '\0');
     openFile(zormod, fileNo).writeDurably(offset, BytesView(buffer.data(), buffer.size()));
 }
 
 Bytes endedRecord(BytesView row) {
-    Bytes record(row.substr(0, dataLength));
-    record.resize(dataLength, ' ');
-    record += "\r\n";
+    Bytes record;
+    endRecord(row, record);
     return record;
+}
+
+void endRecord(BytesView row, Bytes& into) {
+    into.assign(row.substr(0, dataLength));
+    into.resize(dataLength, ' ');
+    into += "\r\n";
 }
 
 void closeFile(ZORMOD& zormod, int fileNo) {

@@ -18,6 +18,8 @@ void writeRecord(ZORMOD& zormod, int fileNo, std::int32_t recordNo, BytesView re
 
 /// The first 254 bytes of `row`, filled up with blanks, then CR, LF: every record goes to a file like this.
 Bytes endedRecord(BytesView row);
+/// The same into a store that long loops use again and again.
+void endRecord(BytesView row, Bytes& into);
 
 /// Closes file `fileNo` (1..4); closing a closed file does nothing.
 void closeFile(ZORMOD& zormod, int fileNo);

@@ -6,6 +6,7 @@
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/swap_record.h"
 
 OldTable::OldTable(ZORMOD& zormod)
     : zormod_(zormod), fileName_(zormod.file.fileName), fileDrive_(zormod.file.fileDrive) {}
@@ -44,7 +45,11 @@ bool openNamedTable(ZORMOD& zormod) {
     const FileIdentity& file = zormod.file;
     // Held until the data file is open, which claims it for good; the old table's claim lasts until then.
     const auto claim = claimTable(zormod, fullPath(file.fileDrive, file.fileName));
-    if (!claim || !readItemFile(zormod, file.fileName, file.fileDrive).empty()) {
+    if (!claim) {
+        return false;
+    }
+    recoverTable(zormod, file.fileName, file.fileDrive);
+    if (!readItemFile(zormod, file.fileName, file.fileDrive).empty()) {
         return false;
     }
     closeAllFiles(zormod);

@@ -107,5 +107,5 @@ TableSource readTableSource(const CodePage& codePage, BytesView utf8) {
 }
 
 Bytes itemFileOf(const CodePage& codePage, const TableSource& table) {
-    return codePage.encode(itemFileText(table.items, table.memo));
+    return codePage.encode(itemFileText(table.items, table.items.itemCount, table.memo));
 }

@@ -1,6 +1,5 @@
 #include "platform/keeper/foreign_read.h"
 
-#include "platform/keeper_protocol.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -14,8 +13,8 @@ constexpr std::chrono::seconds patienceWithSender{1};
 
 } // namespace
 
-ForeignRead::ForeignRead(XConnection &x)
-    : x_(x), forms_{x.atoms().utf8String, x.atoms().plainUtf8, XCB_ATOM_STRING, x.atoms().text} {
+ForeignRead::ForeignRead(XConnection &x, std::size_t mostBytes)
+    : x_(x), mostBytes_(mostBytes), forms_{x.atoms().utf8String, x.atoms().plainUtf8, XCB_ATOM_STRING, x.atoms().text} {
     std::string name = "ROMIKA_READ_";
     for (std::size_t i = 0; i < properties_.size(); ++i)
         properties_[i] = x.atom(name + static_cast<char>('A' + i));
@@ -114,7 +113,7 @@ void ForeignRead::received(const xcb_selection_notify_event_t &notice) {
     }
     if (notice.property != property())
         return;
-    auto answer = x_.property(x_.window(), property(), maxKeeperPayload, true);
+    auto answer = x_.property(x_.window(), property(), mostBytes_, true);
     if (!answer)
         return fail();
     if (answer->type == x_.atoms().incr) {
@@ -133,7 +132,7 @@ void ForeignRead::received(const xcb_selection_notify_event_t &notice) {
 }
 
 void ForeignRead::receivePiece() {
-    const auto piece = x_.property(x_.window(), property(), maxKeeperPayload - bytes_.size(), true);
+    const auto piece = x_.property(x_.window(), property(), mostBytes_ - bytes_.size(), true);
     if (piece && piece->type != XCB_ATOM_NONE && piece->bytes.empty() && piece->isWhole)
         return finish();
     if (!piece || !piece->isWhole || !isText(piece->type) || piece->format != 8)
@@ -146,7 +145,7 @@ void ForeignRead::finish() {
     state_ = State::idle;
     text_ = type_ == XCB_ATOM_STRING ? utf8FromLatin1(bytes_) : std::move(bytes_);
     bytes_ = {};
-    if (text_->size() > maxKeeperPayload) {
+    if (text_->size() > mostBytes_) {
         text_.reset();
         failed_ = true;
     }

@@ -1,19 +1,22 @@
 #pragma once
-// One reading of a clipboard that another program owns, told event by event so that the keeper goes on serving others
-// meanwhile. Driven by the keeper's loop. It asks for the forms of text in order of worth; an owner that has none of
+// One reading of a clipboard that another program owns, told event by event so that the caller goes on with its work
+// meanwhile. Driven by the loops of the keeper and of the reading program. It asks for the forms of text in order of worth; an owner that has none of
 // them gives an empty text. Late answers to an earlier reading are never taken for answers to the present one.
 
-#include "platform/keeper/outgoing_transfers.h"
 #include "platform/keeper/x_connection.h"
+#include "platform/keeper_protocol.h"
 
 #include <array>
+#include <chrono>
 #include <optional>
 #include <string>
 
-/// Reads the text of a foreign owner; at most one reading at a time.
+using TimePoint = std::chrono::steady_clock::time_point;
+
+/// Reads the text of a foreign owner; at most one reading at a time. A text of more than `mostBytes` bytes is a failure.
 class ForeignRead {
 public:
-    explicit ForeignRead(XConnection &x);
+    explicit ForeignRead(XConnection &x, std::size_t mostBytes = maxKeeperPayload);
 
     /// Asks the owner; the caller gives the reading up when `deadline` has come. A reading that is under way is given
     /// up first. An owner that is still busy sending the pieces of a reading given up is asked when it has come to
@@ -46,6 +49,7 @@ private:
     bool isText(xcb_atom_t type) const;
 
     XConnection &x_;
+    std::size_t mostBytes_;
     std::array<xcb_atom_t, 4> forms_;
     std::array<xcb_atom_t, 32> properties_;
     std::size_t current_ = 0; ///< index of the property in use; each question takes the next one

@@ -1,6 +1,7 @@
 #pragma once
-// The keeper's own connection to the X server: one window that is never shown, the atoms, the events in their order,
-// and the few requests that need an answer at once. Used by every other file of the keeper. It knows nothing of texts.
+// A helper program's own connection to the X server: one window that is never shown, the atoms, the events in their
+// order, and the few requests that need an answer at once. Used by the keeper and the reading program. It knows nothing
+// of texts.
 
 #include <cstddef>
 #include <cstdint>

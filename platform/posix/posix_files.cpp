@@ -3,6 +3,8 @@
 #include "platform/failure.h"
 #include "platform/posix/folder_listing.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/move_into_place.h"
+#include "platform/posix/posix_bulk_file.h"
 #include "platform/posix/posix_random_file.h"
 #include "platform/posix/replacement_file.h"
 
@@ -27,6 +29,10 @@ bool PosixFiles::exists(const Text& path) {
 
 std::unique_ptr<RandomFile> PosixFiles::openRandom(const Text& path) {
     return std::make_unique<PosixRandomFile>(paths_.native(path));
+}
+
+std::unique_ptr<BulkFile> PosixFiles::openBulk(const Text& path) {
+    return std::make_unique<PosixBulkFile>(paths_.native(path));
 }
 
 Bytes PosixFiles::readWhole(const Text& path, std::size_t limit) {
@@ -62,16 +68,7 @@ void PosixFiles::replaceWhole(const Text& path, BytesView contents) {
 void PosixFiles::copy(const Text& from, const Text& to) {
     const Descriptor source = openForReading(paths_.native(from));
     ReplacementFile replacement(paths_.native(to));
-    Bytes block(blockLength, '\0');
-    std::int64_t offset = 0;
-    for (;;) {
-        const std::size_t length = readFully(source, offset, block.data(), block.size());
-        if (length == 0) {
-            break;
-        }
-        writeFully(replacement.file(), offset, BytesView(block).substr(0, length));
-        offset += static_cast<std::int64_t>(length);
-    }
+    replacement.copyFrom(source);
     replacement.putInPlace();
 }
 
@@ -83,6 +80,14 @@ std::unique_ptr<TableLock> PosixFiles::lockTable(const Text& path) {
         // No file can be there. Who opens the table next tells the user; here it is a name that leads nowhere.
     }
     return locks_.lock(native);
+}
+
+std::unique_ptr<TableLock> PosixFiles::lockFolder(const Text& path) {
+    return locks_.lockFolder(paths_.native(path));
+}
+
+std::unique_ptr<TableLock> PosixFiles::moveIntoPlace(const Text& from, const Text& to) {
+    return ::moveIntoPlace(paths_.native(from), paths_.native(to), locks_);
 }
 
 void PosixFiles::remove(const Text& path) {

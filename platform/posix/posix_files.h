@@ -23,10 +23,13 @@ public:
     Text fromCommandLine(const Text& argument) override { return DrivePaths::fromCommandLine(argument); }
     bool exists(const Text& path) override;
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
+    std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
     void replaceWhole(const Text& path, BytesView contents) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
+    std::unique_ptr<TableLock> lockFolder(const Text& path) override;
+    std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override;
     void remove(const Text& path) override;
     void makeFolder(const Text& path) override;
     std::vector<Text> drives() override;

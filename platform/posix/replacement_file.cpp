@@ -13,6 +13,7 @@
 namespace {
 
 constexpr mode_t permissionBits = 07777;
+constexpr std::size_t blockLength = 1 << 16;
 
 /// A name that nobody else uses: even two copies of the program that write the same file at once differ.
 std::string hiddenName() {
@@ -30,6 +31,8 @@ std::string hiddenName() {
     return name;
 }
 
+} // namespace
+
 void takeOver(const Descriptor& file, const Status& old) {
     const Status fresh = statusOf(file);
     if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
@@ -44,15 +47,24 @@ void takeOver(const Descriptor& file, const Status& old) {
     }
 }
 
-} // namespace
-
-ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks(path)) {
-    const std::optional<Status> old = statusOf(target_);
-    if (old && (!S_ISREG(old->st_mode) || faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0)) {
+std::optional<Status> replaceable(const std::string& path) {
+    std::optional<Status> old = statusOf(path);
+    if (old && (!S_ISREG(old->st_mode) || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)) {
         failFile();
     }
+    return old;
+}
+
+ReplacementFile::ReplacementFile(const std::string& path) : ReplacementFile(path, hiddenName()) {}
+
+ReplacementFile::ReplacementFile(const std::string& path, const std::string& temporaryName)
+    : target_(withoutLinks(path)) {
+    const std::optional<Status> old = replaceable(target_);
     folder_ = openParentOf(target_);
-    const std::string temporary = joined(parentOf(target_), hiddenName());
+    const std::string temporary = joined(parentOf(target_), temporaryName);
+    if (unlink(temporary.c_str()) != 0 && errno != ENOENT) {
+        failFile();
+    }
     file_ = openNative(temporary, O_RDWR | O_CREAT | O_EXCL, old ? 0600 : 0666);
     if (!file_.isOpen()) {
         failFile();
@@ -66,6 +78,18 @@ ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks
 ReplacementFile::TemporaryName::~TemporaryName() {
     if (!path.empty()) {
         unlink(path.c_str());
+    }
+}
+
+void ReplacementFile::copyFrom(const Descriptor& source) {
+    Bytes block(blockLength, '\0');
+    for (std::int64_t offset = 0;;) {
+        const std::size_t length = readFully(source, offset, block.data(), block.size());
+        if (length == 0) {
+            return;
+        }
+        writeFully(file_, offset, BytesView(block).substr(0, length));
+        offset += static_cast<std::int64_t>(length);
     }
 }
 

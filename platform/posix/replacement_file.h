@@ -11,16 +11,30 @@
 
 #include <string>
 
+/// Gives `file` the permissions of the file it is to replace, and its owner as far as the user may give files away.
+void takeOver(const Descriptor& file, const Status& old);
+
+/// The status of the native `path`, links followed, if there is such a file. Throws if it is no regular file or may not
+/// be written.
+std::optional<Status> replaceable(const std::string& path);
+
 /// One replacement. Every call throws RuntimeFailure of kind file on failure, and then the old file is untouched.
 class ReplacementFile {
 public:
     /// Makes the empty new file for the native `path`, which names a regular file that the user may write, or nothing.
     explicit ReplacementFile(const std::string& path);
+    /// The same under a name of the caller's own until it is put in place; a leftover of that name is deleted. Only one
+    /// caller at a time may do so.
+    ReplacementFile(const std::string& path, const std::string& temporaryName);
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
 
     /// The new file, open for writing.
     const Descriptor& file() const { return file_; }
+    /// The name it has until it is put in place.
+    const std::string& temporaryPath() const { return temporary_.path; }
+    /// Writes all bytes of `source` into it.
+    void copyFrom(const Descriptor& source);
     /// Makes the new file durable and puts it in place. A failure of the very last step, making the rename durable, is
     /// thrown although the new contents are in place already.
     void putInPlace();

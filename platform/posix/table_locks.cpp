@@ -36,16 +36,20 @@ Descriptor openToLock(const std::string& path) {
 
 } // namespace
 
-std::unique_ptr<TableLock> TableLocks::lock(const std::string& path) {
+std::unique_ptr<TableLock> TableLocks::lock(const std::string& path) { return claim(path, S_IFREG); }
+
+std::unique_ptr<TableLock> TableLocks::lockFolder(const std::string& path) { return claim(path, S_IFDIR); }
+
+std::unique_ptr<TableLock> TableLocks::claim(const std::string& path, mode_t kind) {
     std::erase_if(held_, [](const auto& claim) { return claim.second.expired(); });
     for (;;) {
         const std::optional<Status> status = statusOf(path);
-        if (!status || !S_ISREG(status->st_mode)) {
+        if (!status || (status->st_mode & S_IFMT) != kind) {
             return std::make_unique<SharedClaim>();
         }
         const Inode inode = inodeOf(*status);
-        if (const auto claim = held_.find(inode); claim != held_.end()) {
-            return std::make_unique<SharedClaim>(claim->second.lock());
+        if (const auto held = held_.find(inode); held != held_.end()) {
+            return std::make_unique<SharedClaim>(held->second.lock());
         }
         auto file = std::make_shared<Descriptor>(openToLock(path));
         if (!file->isOpen()) {

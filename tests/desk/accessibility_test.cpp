@@ -173,3 +173,18 @@ TEST(Accessibility, ListsTellTheirLines) {
     });
     desk.guard.run([&] { desk.commands.run(u"mnuItemList"); });
 }
+
+TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
+    WalkDesk desk;
+    bool isWalked = false;
+    desk.inNextModal([&] {
+        walk(desk);
+        isWalked = true;
+    });
+    desk.dialogs.openProgress(u"行挿入中", {});
+    for (int i = 0; i < 3; ++i) {
+        desk.settle();
+    }
+    desk.dialogs.closeProgress();
+    EXPECT_TRUE(isWalked);
+}

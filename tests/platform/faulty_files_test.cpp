@@ -144,3 +144,26 @@ TEST(FaultyFiles, AnOpenFileKeepsThePlanWhenTheWrapperIsGone) {
     EXPECT_TRUE(fails([&] { file->writeDurably(0, "x"); }));
     EXPECT_EQ(file->length(), 10);
 }
+
+TEST(FaultyFiles, TheCallsOfABulkRunAreCountedAndFail) {
+    FaultyFolder world;
+    {
+        const auto file = world.faulty.openBulk(u"new");
+        file->writeDurably(0, "abc");
+        EXPECT_EQ(file->length(), 3);
+        file->finish();
+    }
+    EXPECT_NE(world.faulty.lockFolder(u"C:"), nullptr);
+    EXPECT_NE(world.faulty.moveIntoPlace(u"new", u"t"), nullptr);
+    EXPECT_EQ(world.bytesOf("t"), "abc");
+    EXPECT_EQ(world.faulty.calls(), 6);
+    EXPECT_EQ(world.faulty.writes(), 4);
+    const auto file = world.faulty.openBulk(u"t");
+    world.faulty.failAt(1, Counted::calls, Lasting::fromThenOn);
+    EXPECT_TRUE(fails([&] { world.faulty.openBulk(u"t"); }));
+    EXPECT_TRUE(fails([&] { file->finish(); }));
+    EXPECT_TRUE(fails([&] { file->writeDurably(0, "x"); }));
+    EXPECT_TRUE(fails([&] { world.faulty.lockFolder(u"C:"); }));
+    EXPECT_TRUE(fails([&] { world.faulty.moveIntoPlace(u"t", u"u"); }));
+    EXPECT_EQ(world.bytesOf("t"), "abc");
+}

@@ -93,6 +93,17 @@ Answer ScriptedDialogs::askYesNoCancel(const Text& prompt, const Text& text) {
     return askOkCancel(text, prompt);
 }
 
+void ScriptedDialogs::openProgress(const Text& name, const Text& caption) {
+    progressOpen = true;
+    progressNames.push_back(name);
+    progressCaptions.push_back(caption);
+}
+
+void ScriptedDialogs::showProgress(const Text& text) {
+    EXPECT_TRUE(progressOpen) << "progress without its form: " << utf8(text);
+    progressTexts.push_back(text);
+}
+
 void FakeScreen::showCurrentCell() {
     ++shownCells;
     if (onShowCurrentCell) {

@@ -73,12 +73,20 @@ public:
     Answer askOkCancel(const Text& text, const Text& title) override;
     Text askText(const Text& prompt, const Text& title, const Text& defaultText) override;
     Answer askYesNoCancel(const Text& prompt, const Text& text) override;
+    void openProgress(const Text& name, const Text& caption) override;
+    void showProgress(const Text& text) override;
+    void closeProgress() override { progressOpen = false; }
+    bool isProgressOpen() const override { return progressOpen; }
 
     std::deque<Answer> answers; ///< for the next button questions
     std::deque<Text> texts;     ///< for the next text questions
     int expectedMessages = 0;   ///< messages that may still come; one more fails the test
     std::vector<Message> messages;
     std::vector<Question> questions; ///< every question of either kind
+    bool progressOpen = false;
+    std::vector<Text> progressNames;    ///< of each progress form opened
+    std::vector<Text> progressCaptions; ///< and its caption
+    std::vector<Text> progressTexts;    ///< every text of the progress label
 };
 
 /// Remembers what the screen was told. `onShowCurrentCell` lets a test put the real panel behind it.

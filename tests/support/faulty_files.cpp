@@ -46,9 +46,10 @@ namespace {
 
 using Counted = FaultyFiles::Counted;
 
-class FaultyRandomFile : public RandomFile {
+/// Both kinds of open files: `Base` is RandomFile or BulkFile.
+template <typename Base> class FaultyOpenFile : public Base {
 public:
-    FaultyRandomFile(std::unique_ptr<RandomFile> real, std::shared_ptr<FaultyFiles::State> state)
+    FaultyOpenFile(std::unique_ptr<Base> real, std::shared_ptr<FaultyFiles::State> state)
         : real_(std::move(real)), state_(std::move(state)) {}
 
     std::int64_t length() override {
@@ -69,6 +70,10 @@ public:
         real_->writeDurably(offset, bytes);
     }
 
+protected:
+    Base& real() { return *real_; }
+    FaultyFiles::State& state() { return *state_; }
+
 private:
     /// How many of `bytes` replace bytes that the file has already.
     std::size_t overwritten(std::int64_t offset, BytesView bytes) {
@@ -76,8 +81,17 @@ private:
         return static_cast<std::size_t>(std::clamp<std::int64_t>(real_->length() - offset, 0, size));
     }
 
-    std::unique_ptr<RandomFile> real_;
+    std::unique_ptr<Base> real_;
     std::shared_ptr<FaultyFiles::State> state_;
+};
+
+class FaultyBulkFile : public FaultyOpenFile<BulkFile> {
+public:
+    using FaultyOpenFile::FaultyOpenFile;
+    void finish() override {
+        state().pass(Counted::writes);
+        real().finish();
+    }
 };
 
 } // namespace
@@ -104,7 +118,12 @@ bool FaultyFiles::exists(const Text& path) {
 
 std::unique_ptr<RandomFile> FaultyFiles::openRandom(const Text& path) {
     state_->pass(real_.exists(path) ? Counted::calls : Counted::writes);
-    return std::make_unique<FaultyRandomFile>(real_.openRandom(path), state_);
+    return std::make_unique<FaultyOpenFile<RandomFile>>(real_.openRandom(path), state_);
+}
+
+std::unique_ptr<BulkFile> FaultyFiles::openBulk(const Text& path) {
+    state_->pass(real_.exists(path) ? Counted::calls : Counted::writes);
+    return std::make_unique<FaultyBulkFile>(real_.openBulk(path), state_);
 }
 
 Bytes FaultyFiles::readWhole(const Text& path, std::size_t limit) {
@@ -125,6 +144,16 @@ void FaultyFiles::copy(const Text& from, const Text& to) {
 std::unique_ptr<TableLock> FaultyFiles::lockTable(const Text& path) {
     state_->pass(Counted::calls);
     return real_.lockTable(path);
+}
+
+std::unique_ptr<TableLock> FaultyFiles::lockFolder(const Text& path) {
+    state_->pass(Counted::calls);
+    return real_.lockFolder(path);
+}
+
+std::unique_ptr<TableLock> FaultyFiles::moveIntoPlace(const Text& from, const Text& to) {
+    state_->pass(Counted::writes);
+    return real_.moveIntoPlace(from, to);
 }
 
 void FaultyFiles::remove(const Text& path) {

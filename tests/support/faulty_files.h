@@ -8,8 +8,9 @@
 
 #include <memory>
 
-/// The wrapper. A write is openRandom of a file that doesn't exist, writeDurably, replaceWhole, copy, remove and
-/// makeFolder; a call is each of these and openRandom, exists, readWhole, lockTable, folderContents, length and readAt.
+/// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, replaceWhole, copy,
+/// moveIntoPlace, remove and makeFolder; a call is each of these and openRandom, openBulk, exists, readWhole, lockTable,
+/// lockFolder, folderContents, length and readAt.
 /// currentFolder, fromCommandLine and drives, which touch no file, count as nothing.
 class FaultyFiles : public Files {
 public:
@@ -40,10 +41,13 @@ public:
     Text fromCommandLine(const Text& argument) override { return real_.fromCommandLine(argument); }
     bool exists(const Text& path) override;
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
+    std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
     void replaceWhole(const Text& path, BytesView contents) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
+    std::unique_ptr<TableLock> lockFolder(const Text& path) override;
+    std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override;
     void remove(const Text& path) override;
     void makeFolder(const Text& path) override;
     std::vector<Text> drives() override { return real_.drives(); }

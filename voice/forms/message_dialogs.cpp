@@ -1,8 +1,11 @@
 #include "voice/forms/message_dialogs.h"
 
+#include "platform/qt/held_keys.h"
 #include "sheet/zormod.h"
 #include "voice/forms/FrmOK.h"
+#include "voice/forms/focus_keeper.h"
 #include "voice/forms/frmCMSG.h"
+#include "voice/forms/frmDOE.h"
 #include "voice/forms/frmOKCAN.h"
 #include "voice/forms/frmTin.h"
 #include "voice/forms/modal_runner.h"
@@ -26,6 +29,9 @@ Text titleOr(const Text& title) {
 
 } // namespace
 
+MessageDialogs::MessageDialogs() = default;
+MessageDialogs::~MessageDialogs() = default;
+
 void MessageDialogs::showMessage(const Text& text, const Text& title) {
     FrmOK form(*context_, text, titleOr(title), activeForm());
     context_->modals.run(form);
@@ -44,6 +50,33 @@ Text MessageDialogs::askText(const Text& prompt, const Text& title, const Text& 
 Answer MessageDialogs::askYesNoCancel(const Text& prompt, const Text& text) {
     frmCMSG form(*context_, text, prompt, activeForm());
     return answered(context_->modals.run(form));
+}
+
+void MessageDialogs::openProgress(const Text& name, const Text& caption) {
+    closeProgress();
+    context_->heldKeys.muteHeld(); // the key that started the work must not press the button
+    progress_ = new frmDOE(*context_, name, caption, activeForm());
+    focusBefore_ = std::make_unique<FocusKeeper>(*progress_);
+    progress_->show();
+    progress_->activateWindow();
+    progress_->loaded();
+}
+
+void MessageDialogs::showProgress(const Text& text) {
+    if (isProgressOpen() && progress_) {
+        progress_->setProgress(text);
+    }
+}
+
+void MessageDialogs::closeProgress() {
+    if (!isProgressOpen()) {
+        return;
+    }
+    context_->heldKeys.muteHeld();
+    focusBefore_.reset();
+    if (progress_) {
+        progress_->deleteLater(); // its own button may be what closes it
+    }
 }
 
 Answer MessageDialogs::answered(int result) {

@@ -4,9 +4,18 @@
 #include "platform/dialogs.h"
 #include "platform/qt/form_context.h"
 
-/// Opens the message forms, modal, above the form that is active.
+#include <QPointer>
+
+#include <memory>
+
+class FocusKeeper;
+class frmDOE;
+
+/// Opens the message forms, modal, and the progress form above the form that is active.
 class MessageDialogs : public Dialogs {
 public:
+    MessageDialogs();
+    ~MessageDialogs() override;
     /// Must be called before the first question. The context can't be had earlier: the shared state in it is made with
     /// a Platform that names this very object.
     void setContext(const FormContext& context) { context_ = &context; }
@@ -16,9 +25,15 @@ public:
     Answer askOkCancel(const Text& text, const Text& title) override;
     Text askText(const Text& prompt, const Text& title, const Text& defaultText) override;
     Answer askYesNoCancel(const Text& prompt, const Text& text) override;
+    void openProgress(const Text& name, const Text& caption) override;
+    void showProgress(const Text& text) override;
+    void closeProgress() override;
+    bool isProgressOpen() const override { return focusBefore_ != nullptr; }
 
 private:
     Answer answered(int result);
 
     const FormContext* context_ = nullptr;
+    QPointer<frmDOE> progress_;
+    std::unique_ptr<FocusKeeper> focusBefore_; ///< only while the progress form is open
 };

@@ -1,0 +1,261 @@
+#include "sheet/bulk_rewrite.h"
+
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/number_text.h"
+#include "sheet/item_file.h"
+#include "sheet/record_file.h"
+#include "sheet/record_window.h"
+#include "sheet/swap_record.h"
+#include "sheet/work_files.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t largestItemFile = 16u << 20;
+
+/// The files of one run. The table's own open file is kept aside and comes back unless the swap has taken its place.
+class BulkFiles {
+public:
+    BulkFiles(ZORMOD& zormod, const BulkJob& job) : zormod_(zormod), job_(job) {}
+    ~BulkFiles() {
+        closeFile(zormod_, 2);
+        if (table_) {
+            zormod_.files.byNumber[1] = std::move(table_);
+        }
+    }
+    BulkFiles(const BulkFiles&) = delete;
+    BulkFiles& operator=(const BulkFiles&) = delete;
+
+    /// False: another copy is at work; the user has been told.
+    bool open();
+    void copyTail(std::int32_t written);
+    /// The new files in place of the old ones. False: the new K file can't be written; the user has been told.
+    bool swap();
+    /// Takes the new files away; the table's own file is open again.
+    void giveUp();
+
+private:
+    bool usesWorkFile() const { return job_.road == BulkRoad::workFile; }
+    const Text& drive() const { return zormod_.file.fileDrive; }
+    const Text& name() const { return zormod_.file.fileName; }
+    Text newPath() const { return usesWorkFile() ? workFilePath(drive()) : newFilePath(drive(), name()); }
+    Bytes newItems() const;
+    void putDataInPlace();
+    void putItemsInPlace();
+    void clear();
+
+    ZORMOD& zormod_;
+    const BulkJob& job_;
+    std::unique_ptr<TableLock> claim_;
+    std::unique_ptr<RandomFile> table_;
+    BulkFile* in_ = nullptr;
+    BulkFile* out_ = nullptr;
+};
+
+bool BulkFiles::open() {
+    Files& files = zormod_.platform.files;
+    finishSwap(zormod_, name(), drive());
+    if (usesWorkFile()) {
+        claim_ = claimWorkFiles(zormod_, drive());
+        if (!claim_) {
+            zormod_.platform.dialogs.showMessage(u"別のロミカが作業中です。しばらくしてからやり直してください", u"確認");
+            return false;
+        }
+        clearWorkFiles(zormod_, drive());
+        markWorkFiles(zormod_, drive());
+    } else {
+        removeIfThere(zormod_, newPath());
+    }
+    auto in = files.openBulk(fullPath(drive(), name()));
+    auto out = files.openBulk(newPath());
+    in_ = in.get();
+    out_ = out.get();
+    table_ = std::exchange(zormod_.files.byNumber[1], std::move(in));
+    zormod_.files.byNumber[2] = std::move(out);
+    return true;
+}
+
+void BulkFiles::copyTail(std::int32_t written) {
+    if (usesWorkFile()) {
+        return;
+    }
+    Bytes tail(recordLength, '\0');
+    const std::int64_t from = in_->length() / recordLength * recordLength;
+    tail.resize(in_->readAt(from, tail.data(), tail.size()));
+    if (!tail.empty()) {
+        out_->writeDurably(static_cast<std::int64_t>(written) * recordLength, tail);
+    }
+}
+
+Bytes BulkFiles::newItems() const {
+    const ItemTable& items = job_.items == BulkItems::other ? zormod_.otherItems : zormod_.items;
+    return itemFileBytes(zormod_, items, items.itemCount);
+}
+
+bool BulkFiles::swap() {
+    if (job_.items == BulkItems::other) {
+        // A K file that can't be written closes file 2, which must outlive this.
+        auto out = std::move(zormod_.files.byNumber[2]);
+        writeWorkItemFile(zormod_, zormod_.otherItems.itemCount);
+        zormod_.files.byNumber[2] = std::move(out);
+        if (!zormod_.writeFlag.empty()) {
+            return false;
+        }
+    }
+    out_->finish();
+    // Fails if the table was replaced behind our back: then what we have read is not what we would put away.
+    in_->finish();
+    if (job_.items != BulkItems::kept) {
+        const Bytes oldItems = zormod_.platform.files.readWhole(itemFilePath(zormod_, name()), largestItemFile);
+        writeSwapRecord(zormod_, name(), drive(),
+                        {static_cast<std::uint64_t>(out_->length()), fingerprintOf(*out_), oldItems, newItems()});
+    }
+    putDataInPlace();
+    if (job_.items != BulkItems::kept) {
+        putItemsInPlace();
+        removeSwapRecord(zormod_, name(), drive());
+    }
+    clear();
+    return true;
+}
+
+void BulkFiles::putDataInPlace() {
+    table_.reset();
+    closeFile(zormod_, 1);
+    closeFile(zormod_, 2);
+    zormod_.files.tableLock = zormod_.platform.files.moveIntoPlace(newPath(), fullPath(drive(), name()));
+}
+
+void BulkFiles::putItemsInPlace() {
+    Files& files = zormod_.platform.files;
+    const Text path = itemFilePath(zormod_, name());
+    if (job_.items == BulkItems::other) {
+        files.moveIntoPlace(workItemFilePath(drive()), path);
+    } else {
+        files.replaceWhole(path, newItems());
+    }
+}
+
+void BulkFiles::giveUp() {
+    closeFile(zormod_, 2);
+    zormod_.files.byNumber[1] = std::move(table_);
+    clear();
+}
+
+void BulkFiles::clear() {
+    if (usesWorkFile()) {
+        clearWorkFiles(zormod_, drive());
+    } else {
+        removeIfThere(zormod_, newPath());
+    }
+}
+
+void takeUpNewTable(ZORMOD& zormod, BulkItems items) {
+    if (items == BulkItems::other &&
+        !readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
+        throw RuntimeFailure{FailureKind::file};
+    }
+    openDataFile(zormod);
+    computeItemStart(zormod.items);
+    zormod.position.curItem = std::min(zormod.position.curItem, zormod.items.itemCount);
+}
+
+/// Everything behind the swap or the stop.
+void comeBack(ZORMOD& zormod) {
+    zormod.results.answers[0] = 0.0;
+    zormod.selection = {};
+    zormod.platform.dialogs.closeProgress();
+    Position& position = zormod.position;
+    position.curRecord = std::min(position.curRecord, recordCount(zormod));
+    if (position.curRecord <= 0) {
+        position.curRecord = 1;
+        position.windowFirst = 1;
+    }
+    refreshAfterBulk(zormod, 0);
+}
+
+} // namespace
+
+BulkRun::BulkRun(ZORMOD& zormod, const BulkJob& job)
+    : zormod_(zormod), hasForm_(!job.name.empty()), canStop_(job.canStop && hasForm_), records_(recordCount(zormod)) {}
+
+bool BulkRun::forEach(std::int32_t from, std::int32_t to, const std::function<void(const Bytes&)>& transform) {
+    Bytes& row = zormod_.window.recordWindow[1];
+    for (std::int32_t record = from; record <= to && nextRound(); ++record) {
+        readRecord(zormod_, 1, record, row);
+        transform(row);
+    }
+    return !isStopped_;
+}
+
+bool BulkRun::copy(std::int32_t from, std::int32_t to) {
+    return forEach(from, to, [this](const Bytes& row) { write(row); });
+}
+
+void BulkRun::write(BytesView row) {
+    endRecord(row, record_);
+    writeRecord(zormod_, 2, ++written_, record_);
+}
+
+void BulkRun::writeAsIs(BytesView rec) {
+    record_.assign(rec.substr(0, recordLength));
+    record_.resize(recordLength, ' ');
+    writeRecord(zormod_, 2, ++written_, record_);
+}
+
+bool BulkRun::nextRound() {
+    ++rounds_;
+    // Without the form nothing keeps keys from the other windows, so no event may be handled then.
+    if (!isStopped_ && hasForm_ && zormod_.platform.dialogs.isProgressOpen()) {
+        showPercent();
+        zormod_.platform.eventLoop.yield();
+        isStopped_ = canStop_ && isStopAsked(zormod_);
+    }
+    return !isStopped_;
+}
+
+void BulkRun::showPercent() {
+    const std::int32_t percent = roundTo32(static_cast<double>(rounds_) / records_ * 100);
+    if (percent % 10 == 0 && percent != shownPercent_) {
+        zormod_.platform.dialogs.showProgress(percentText(percent));
+        shownPercent_ = percent;
+    }
+}
+
+BulkEnd bulkRewrite(ZORMOD& zormod, const BulkJob& job, const std::function<void(BulkRun&)>& loop) {
+    BulkEnd end = BulkEnd::done;
+    {
+        BulkFiles files(zormod, job);
+        if (!files.open()) {
+            return BulkEnd::refused;
+        }
+        BulkRun run(zormod, job);
+        zormod.results.answers[0] = 0.0;
+        if (!job.name.empty()) {
+            zormod.platform.dialogs.openProgress(job.name, {});
+        }
+        loop(run);
+        if (run.isStopped()) {
+            end = BulkEnd::stopped;
+        } else {
+            files.copyTail(run.written());
+            end = files.swap() ? BulkEnd::done : BulkEnd::refused;
+        }
+        if (end != BulkEnd::done) {
+            files.giveUp();
+        }
+    }
+    if (end == BulkEnd::done) {
+        takeUpNewTable(zormod, job.items);
+    }
+    comeBack(zormod);
+    return end;
+}
+
+bool isStopAsked(const ZORMOD& zormod) {
+    const auto* flag = std::get_if<double>(&zormod.results.answers[0]);
+    return flag != nullptr && *flag == 1.0;
+}

@@ -1,0 +1,40 @@
+#include "sheet/work_files.h"
+
+#include "sheet/record_file.h"
+
+namespace {
+
+Text markPath(TextView drive) { return fullPath(drive, u".romika-work"); }
+
+} // namespace
+
+Text workFilePath(TextView drive) { return fullPath(drive, u"WORK.QQQ"); }
+Text workItemFilePath(TextView drive) { return fullPath(drive, u"KWORK.QQQ"); }
+
+Text besideTable(TextView drive, TextView fileName, TextView prefix) {
+    Text name(fileName);
+    name.insert(lastPosition(name, u"\\"), prefix);
+    return fullPath(drive, name);
+}
+
+void removeIfThere(ZORMOD& zormod, const Text& path) {
+    if (zormod.platform.files.exists(path)) {
+        zormod.platform.files.remove(path);
+    }
+}
+
+std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive) {
+    return zormod.platform.files.lockFolder(fullPath(drive, {}));
+}
+
+void markWorkFiles(ZORMOD& zormod, TextView drive) { zormod.platform.files.replaceWhole(markPath(drive), {}); }
+
+void clearWorkFiles(ZORMOD& zormod, TextView drive) {
+    if (!zormod.platform.files.exists(markPath(drive))) {
+        return;
+    }
+    removeIfThere(zormod, workFilePath(drive));
+    removeIfThere(zormod, workItemFilePath(drive));
+    // Last, so that a kill in between leaves nothing that nobody knows of.
+    zormod.platform.files.remove(markPath(drive));
+}

@@ -1,0 +1,36 @@
+#pragma once
+// The files a rewrite of the whole table needs besides the table. Used by the bulk rewrite and by the recovery at the
+// opening of a table; decides nothing about the table itself.
+//
+//   WORK.QQQ, KWORK.QQQ   the new data file and the new K file, in the current folder of the table's drive
+//   .romika-work          beside them, empty: while it exists those two are ours, and what a killed or failed run left of
+//                         them is deleted before they are used again. A file of that name without it was left by somebody
+//                         else; it is not emptied, so a tail of it stays behind a shorter result.
+//   .new-NAME             beside the table NAME: the new data file of a rewrite that has no work file of its own, or the
+//                         copy of a work file that lies on another disk (Files::moveIntoPlace)
+//   .swap-NAME            beside the table NAME: the record of a swap of both files (sheet/swap_record.h)
+//
+// The names that begin with a point are shown in no list of files.
+
+#include "sheet/zormod.h"
+
+#include <memory>
+
+/// Full paths of the work files of a drive.
+Text workFilePath(TextView drive);
+Text workItemFilePath(TextView drive);
+
+/// Full path of the file whose name is that of the table `fileName` with `prefix` in front, in the table's folder.
+Text besideTable(TextView drive, TextView fileName, TextView prefix);
+/// The new data file of a rewrite without a work file.
+inline Text newFilePath(TextView drive, TextView fileName) { return besideTable(drive, fileName, u".new-"); }
+
+/// Deletes a file if there is one.
+void removeIfThere(ZORMOD& zormod, const Text& path);
+
+/// Claims the work files of a drive for this copy of the program. Null if another copy has them.
+std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive);
+/// From here on the work files of the drive are ours. The caller holds the claim.
+void markWorkFiles(ZORMOD& zormod, TextView drive);
+/// Deletes the work files of the drive if they are ours, and the mark. The caller holds the claim.
+void clearWorkFiles(ZORMOD& zormod, TextView drive);

@@ -1,0 +1,162 @@
+#include "sheet/bulk_world.h"
+#include "support/forked_child.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/wait.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A table on which a run that makes an item wider was killed between the two files: new data, old K file.
+struct HalfSwapped : BulkWorld {
+    HalfSwapped() {
+        oldData = bytesOf("t.txt");
+        oldItems = bytesOf("kt.txt");
+        ForkedChild child([this](const ChildSide&) {
+            DyingFiles dying(files);
+            ZORMOD copy(Platform{clipboard, clock, beeper, dying, codePage, dialogs, screen, commands, forms, eventLoop});
+            copy.file = zormod.file;
+            readItemFile(copy, copy.file.fileName, copy.file.fileDrive);
+            openDataFile(copy);
+            fillFirstWindow(copy);
+            widenFirstItem(copy);
+            return true;
+        });
+        EXPECT_TRUE(WIFSIGNALED(child.end()));
+        EXPECT_NE(bytesOf("t.txt"), oldData);
+        EXPECT_EQ(bytesOf("kt.txt"), oldItems);
+    }
+    void recover() { recoverTable(zormod, zormod.file.fileName, zormod.file.fileDrive); }
+
+    std::string oldData;
+    std::string oldItems;
+
+private:
+    /// Dies when the second file would be put in place.
+    class DyingFiles : public FaultyFiles {
+    public:
+        using FaultyFiles::FaultyFiles;
+        std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override {
+            if (++moves_ == 2) {
+                std::raise(SIGKILL);
+            }
+            return FaultyFiles::moveIntoPlace(from, to);
+        }
+
+    private:
+        int moves_ = 0;
+    };
+};
+
+} // namespace
+
+TEST(SwapRecord, TheNextOpeningFinishesTheSwap) {
+    HalfSwapped world;
+    world.recover();
+    EXPECT_NE(world.bytesOf("kt.txt").find("2000 ' 6\r\n"), std::string::npos);
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, ItIsFoundWhereverTheProgramIsStarted) {
+    HalfSwapped world;
+    fs::create_directory(world.folder.path() + "/elsewhere");
+    PosixFiles files(defaultDrives(), world.folder.path() + "/elsewhere");
+    ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, files, world.codePage, world.dialogs,
+                           world.screen, world.commands, world.forms, world.eventLoop});
+    recoverTable(zormod, world.zormod.file.fileName, world.zormod.file.fileDrive);
+    EXPECT_NE(world.bytesOf("kt.txt").find("2000 ' 6\r\n"), std::string::npos);
+}
+
+TEST(SwapRecord, ATableBroughtBackFromABackupStaysAsItIs) {
+    HalfSwapped world;
+    world.writeFile("t.txt", world.oldData); // the same length, and into the same file
+    world.recover();
+    EXPECT_EQ(world.bytesOf("t.txt"), world.oldData);
+    EXPECT_EQ(world.bytesOf("kt.txt"), world.oldItems);
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, AnItemFileChangedMeanwhileStaysAsItIs) {
+    HalfSwapped world;
+    const std::string edited = world.oldItems + " ";
+    world.writeFile("kt.txt", edited);
+    world.recover();
+    EXPECT_EQ(world.bytesOf("kt.txt"), edited);
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, ATableThatIsGoneStaysGone) {
+    HalfSwapped world;
+    fs::remove(world.folder.path() + "/t.txt");
+    world.recover();
+    EXPECT_EQ(world.entries(), std::set<std::string>{"kt.txt"});
+    EXPECT_EQ(world.bytesOf("kt.txt"), world.oldItems);
+}
+
+TEST(SwapRecord, ARecordThatIsNoneIsTakenAway) {
+    for (const std::string& bytes : {std::string(), std::string("ROMSWAP1"), std::string(40, 'x'),
+                                    "ROMSWAP1" + std::string(24, '\xFF')}) {
+        BulkWorld world;
+        const std::string before = world.bytesOf("kt.txt");
+        world.writeFile(".swap-t.txt", bytes);
+        recoverTable(world.zormod, world.zormod.file.fileName, world.zormod.file.fileDrive);
+        EXPECT_EQ(world.bytesOf("kt.txt"), before);
+        EXPECT_EQ(world.entries(), tableAlone);
+    }
+}
+
+TEST(SwapRecord, AFolderThatCannotBeWrittenDoesNotKeepATableFromOpening) {
+    HalfSwapped world;
+    world.recover();
+    world.writeFile(".romika-work", "");
+    world.writeFile("WORK.QQQ", "x");
+    fs::permissions(world.folder.path(), fs::perms(0555));
+    const bool opened = holdsForOrdinaryUser([&] {
+        world.recover();
+        return true;
+    });
+    fs::permissions(world.folder.path(), fs::perms(0755));
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(world.bytesOf("WORK.QQQ"), "x");
+    world.recover();
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, WorkFilesOfSomebodyElseStay) {
+    BulkWorld world;
+    world.writeFile("WORK.QQQ", "x");
+    recoverTable(world.zormod, world.zormod.file.fileName, world.zormod.file.fileDrive);
+    EXPECT_EQ(world.bytesOf("WORK.QQQ"), "x");
+}
+
+TEST(SwapRecord, WorkFilesThatAnotherCopyIsAtWorkOnStay) {
+    BulkWorld world;
+    world.writeFile(".romika-work", "");
+    world.writeFile("WORK.QQQ", "x");
+    PosixFiles other(defaultDrives(), world.folder.path());
+    const auto claim = other.lockFolder(world.zormod.file.fileDrive + u":");
+    ASSERT_NE(claim, nullptr);
+    recoverTable(world.zormod, world.zormod.file.fileName, world.zormod.file.fileDrive);
+    EXPECT_EQ(world.bytesOf("WORK.QQQ"), "x");
+}
+
+TEST(SwapRecord, FingerprintsDifferWhereOneByteDoes) {
+    BulkWorld world;
+    const auto fingerprint = [&](const std::string& bytes) {
+        world.writeFile("f", bytes);
+        const auto file = world.files.openBulk(world.zormod.file.programFolder + u"f");
+        return fingerprintOf(*file);
+    };
+    std::set<std::uint64_t> seen;
+    std::string bytes(600000, ' ');
+    seen.insert(fingerprint(bytes));
+    for (const std::size_t at : {0U, 7U, 8U, 262143U, 262144U, 599999U}) {
+        bytes[at] = 'x';
+        seen.insert(fingerprint(bytes));
+    }
+    EXPECT_EQ(seen.size(), 7U);
+    EXPECT_EQ(fingerprint(bytes), fingerprint(bytes));
+}

@@ -1,0 +1,37 @@
+#pragma once
+// The progress form. Shown by message_dialogs alone, application-modal but without stopping the caller, whose loop runs
+// on and gives the event loop its turns.
+
+#include "voice/forms/spoken_dialog.h"
+
+class QLabel;
+class QTimer;
+
+/// `frmDOE`: the operation's name, the progress label, the standing text, and the stop button `Command1`, which Esc and
+/// the close box press too. While it is open, no other window is closed; a request from the desktop to end the program
+/// stops the work and is carried out when the form has been closed.
+class frmDOE : public SpokenDialog {
+    Q_OBJECT
+public:
+    frmDOE(const FormContext& context, const Text& name, const Text& caption, QWidget* parent);
+    ~frmDOE() override;
+
+    /// The form has come up: says what it has to say and starts its timer.
+    void loaded();
+    void setProgress(const Text& text);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void stop();
+    void endAfterwards();
+
+    Text name_;
+    Text progress_;
+    QLabel* label_;
+    QTimer* timer_;
+    bool endIsWanted_ = false;
+};
