@@ -24,6 +24,7 @@
 #include "platform/qt/turn_giver.h"
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
+#include "start/forms/start_forms.h"
 #include "structure/forms/structure_forms.h"
 #include "voice/forms/form_table.h"
 #include "voice/forms/key_guide.h"
@@ -85,10 +86,16 @@ int main(int argc, char** argv) {
     bindCommands(commands, zormod, edit, inputBox, viewer);
     Form1 form(context, edit, inputBox, form1Menus());
     screen.connectTo(&form);
+    forms.addStanding(u"Form1", form);
+    addStartForms(forms, context);
 
     guard.run([&] { enterProgram(zormod); });
-    form.show();
-    if (!argument.empty()) {
+    // Between two forms no window is open for a moment; the program ends by its own rules.
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (argument.empty()) {
+        guard.run([&] { forms.open(u"FrmLunch"); });
+    } else {
+        form.show();
         // In the event loop, so that a refusal can show its message and an end of the program ends the loop.
         QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(edit, argument); }));
     }
@@ -96,6 +103,7 @@ int main(int argc, char** argv) {
     if (!guard.isEndPending()) {
         QApplication::exec();
     }
+    forms.destroyOpenForms();
     application.setGuard(nullptr);
     return guard.exitStatus();
 }

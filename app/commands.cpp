@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
 #include "edit/status_update.h"
@@ -60,11 +61,15 @@ void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, Inpu
     bindForm(u"mnuSfunc", u"frmSFUNC");
     for (const HelpFile& help : helpFiles()) {
         commands.bind(help.command, [&viewer, &help] { viewer.showHelp(help); });
+        if (help.command == u"menuGENERAL") {
+            commands.bind(u"mnuH", [&viewer, &help] { viewer.showHelp(help); });
+        }
     }
     commands.bind(u"backToInputBox", [&edit] {
         edit.zormod.platform.screen.redrawView();
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
 }

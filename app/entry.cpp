@@ -4,10 +4,9 @@
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/screen.h"
-#include "sheet/record_file.h"
 #include "sheet/record_window.h"
-#include "sheet/swap_record.h"
 #include "start/sample_board.h"
+#include "start/table_opening.h"
 #include "voice/reading_mode.h"
 
 #include <algorithm>
@@ -24,29 +23,6 @@ void nameTable(ZORMOD& zormod, Text path) {
     const std::size_t colon = path.find(u':');
     zormod.file.fileDrive = colon == 0 ? Text() : path.substr(colon - 1, 1);
     zormod.file.fileName = path.substr(colon + 1);
-}
-
-/// Claims the table and reads its K file. False: told to the user.
-bool claimAndRead(ZORMOD& zormod) {
-    const FileIdentity& file = zormod.file;
-    auto lock = zormod.platform.files.lockTable(fullPath(file.fileDrive, file.fileName));
-    if (!lock) {
-        zormod.platform.dialogs.showMessage(u"このﾌｧｲﾙは別のロミカで使用中です", u"確認");
-        return false;
-    }
-    recoverTable(zormod, file.fileName, file.fileDrive);
-    if (!readItemFile(zormod, file.fileName, file.fileDrive).empty()) {
-        return false;
-    }
-    zormod.files.tableLock = std::move(lock);
-    return true;
-}
-
-void forgetTable(ZORMOD& zormod) {
-    closeAllFiles(zormod);
-    zormod.files.tableLock.reset();
-    zormod.file.fileName.clear();
-    zormod.items = {};
 }
 
 } // namespace
@@ -72,12 +48,11 @@ void enterProgram(ZORMOD& zormod) {
 void openFromCommandLine(EditScreen& edit, const Text& argument) {
     ZORMOD& zormod = edit.zormod;
     nameTable(zormod, argument);
-    if (!claimAndRead(zormod)) {
-        forgetTable(zormod);
-        return;
-    }
     try {
-        openDataFile(zormod);
+        if (!openNamedTable(zormod)) {
+            forgetTable(zormod);
+            return;
+        }
     } catch (const RuntimeFailure&) {
         const Text text = zormod.file.fileName + u"はﾛﾐｶﾌｧｲﾙではありません";
         forgetTable(zormod);

@@ -4,7 +4,6 @@
 #include "edit/status_update.h"
 #include "platform/forms.h"
 #include "sheet/record_window.h"
-#include "structure/design_accept.h"
 
 namespace {
 
@@ -26,7 +25,6 @@ void openDesign(EditScreen& edit, TextView taskWord) {
 } // namespace
 
 void bindStructureCommands(CommandTable& commands, EditScreen& edit) {
-    commands.bind(showNewTableCommand, [&edit] { showOpenedTable(edit); });
     commands.bind(u"mnuNEW", [&edit] { openDesign(edit, {}); });
     commands.bind(u"mnuKOUMOKU", [&edit] {
         if (!beepsWithoutTable(edit.zormod)) {

@@ -8,6 +8,7 @@
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
 #include "sheet/swap_record.h"
+#include "start/table_opening.h"
 #include "structure/design_checks.h"
 #include "structure/design_reference.h"
 #include "structure/design_rewrite.h"
@@ -109,7 +110,7 @@ void startTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
     fillFirstWindow(zormod);
     updateTitle(zormod);
-    zormod.platform.commands.run(showNewTableCommand);
+    zormod.platform.commands.run(showOpenedTableCommand);
     if (design.mode == DesignMode::csv) {
         zormod.results.answers[0] = 1.0;
     }

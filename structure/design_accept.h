@@ -5,9 +5,6 @@
 
 #include "structure/table_design.h"
 
-/// The command by which the edit screen shows a table that has just been opened: labels, view, input box.
-inline constexpr TextView showNewTableCommand = u"showOpenedTable";
-
 /// What the form does next.
 enum class DesignOutcome {
     closed,     ///< it closes

@@ -14,6 +14,13 @@ void orderlyEnd(ZORMOD& zormod) {
     throw ProgramEnd{EndKind::orderly};
 }
 
+void farewellEnd(ZORMOD& zormod) {
+    waitSeconds(zormod, zormod.speech.inhibitSeconds);
+    sayFarewell(zormod);
+    closeAllFiles(zormod);
+    throw ProgramEnd{EndKind::farewellOnly};
+}
+
 void endAtOnce(ZORMOD& zormod) {
     closeAllFiles(zormod);
     throw ProgramEnd{EndKind::atOnce};

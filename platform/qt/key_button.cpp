@@ -18,6 +18,16 @@ void KeyButton::onClick(std::function<void()> rule) {
     connect(this, &QPushButton::clicked, this, context_.guard.wrap(std::move(rule)));
 }
 
+// The toolkit would let the button look pressed for a while before it acts, and other keys would come in between.
+bool KeyButton::event(QEvent* event) {
+    if (event->type() != QEvent::Shortcut || static_cast<const QShortcutEvent*>(event)->isAmbiguous()) {
+        return QPushButton::event(event);
+    }
+    setFocus(Qt::ShortcutFocusReason);
+    click();
+    return true;
+}
+
 void KeyButton::keyPressEvent(QKeyEvent* event) {
     const KeyStroke stroke = strokeOf(*event);
     const bool presses = stroke == plainKey(Key::enter) || stroke == plainKey(Key::space);

@@ -22,6 +22,7 @@ public:
     void onClick(std::function<void()> rule);
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 

@@ -181,6 +181,42 @@ TEST(Accessibility, TheReferenceListOfTheDesignFormIsWalkedWithIt) {
     desk.key(plainKey(Key::f5));
 }
 
+TEST(Accessibility, TheStartScreenNamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    desk.guard.run([&] { desk.formTable.open(u"FrmLunch"); });
+    desk.settle();
+    ASSERT_EQ(desk.title(), "ようこそロミカ");
+    walk(desk);
+    EXPECT_EQ(tabStops(*QApplication::activeWindow()).size(), 10U);
+    EXPECT_EQ(accessibleNameOf(desk.control(u"Picture1")), "家計簿");
+    desk.formTable.close(u"FrmLunch");
+}
+
+TEST(Accessibility, TheFormsOfFilesAndItemsNameTheirControlsAndTabReachesAll) {
+    WalkDesk desk;
+    for (const char16_t* command : {u"mnuREAD", u"mnuDEL", u"mnuItemList"}) {
+        desk.inNextModal([&] {
+            desk.settle();
+            walk(desk);
+            desk.keys.press(plainKey(Key::escape));
+        });
+        desk.guard.run([&] { desk.commands.run(command); });
+    }
+}
+
+TEST(Accessibility, ListsTellTheirLines) {
+    WalkDesk desk;
+    desk.inNextModal([&] {
+        QAccessibleInterface* list = QAccessible::queryAccessibleInterface(desk.control(u"List1"));
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->role(), QAccessible::List);
+        ASSERT_EQ(list->childCount(), 2);
+        EXPECT_EQ(list->child(1)->text(QAccessible::Name).toStdString(), "    1:氏名(10/L)");
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.guard.run([&] { desk.commands.run(u"mnuItemList"); });
+}
+
 TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
     WalkDesk desk;
     bool isWalked = false;

@@ -54,3 +54,20 @@ TEST(KeyButton, HasNoInputMethod) {
     ButtonWindow desk;
     EXPECT_FALSE(desk.button->testAttribute(Qt::WA_InputMethodEnabled));
 }
+
+TEST(KeyButton, ItsAccessKeyGivesItTheFocusAndPressesItAtOnce) {
+    ButtonWindow desk;
+    auto* other = new KeyButton(QStringLiteral("Folder(&F)"), desk.context);
+    int presses = 0;
+    other->onClick([&] { ++presses; });
+    desk.window.layout()->addWidget(other);
+    desk.settle();
+    desk.button->setFocus();
+    desk.keys.down(altKey(Key::f));
+    EXPECT_EQ(presses, 1);
+    EXPECT_TRUE(other->hasFocus());
+    desk.keys.up(altKey(Key::f));
+    desk.settle();
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(desk.clicks, 0);
+}

@@ -44,7 +44,7 @@ TEST(DesignAccept, ANewTableGetsItsFilesAndIsOpen) {
     EXPECT_EQ(world.zormod.position.curItem, 0);
     EXPECT_EQ(world.zormod.taskWord, u"");
     EXPECT_EQ(utf8(world.screen.title), "ロミカ (" + utf8(world.path(u"zaiko.txt")) + "/記録数:0)");
-    EXPECT_THAT(world.commands.names, ElementsAre(Text(showNewTableCommand)));
+    EXPECT_THAT(world.commands.names, ElementsAre(Text(u"showOpenedTable")));
     setSlotCell(world.zormod, currentSlot(world.zormod), u"鉛筆", 1);
     commitRecord(world.zormod);
     EXPECT_EQ(utf8(trimmed(world.codePage.decode(world.bytesOf("zaiko.txt").substr(4, 20)))), "鉛筆");

@@ -57,3 +57,18 @@ TEST(EndAtOnce, SaysAndWritesNothing) {
     EXPECT_FALSE(hasTable(world.zormod));
     EXPECT_EQ(world.bytesOf("zorTalk"), "old");
 }
+
+TEST(FarewellEnd, SaysFarewellAndLeavesTheRememberedModeAsItWas) {
+    EndingWorld world;
+    world.zormod.speech.speechMode = 2;
+    try {
+        farewellEnd(world.zormod);
+    } catch (const ProgramEnd& end) {
+        EXPECT_EQ(end.how, EndKind::farewellOnly);
+    }
+    EXPECT_EQ(world.takeSpoken(), Said{"ﾛﾐｶ ｼｭｳﾘｮｳ"});
+    EXPECT_NEAR(world.clock.slept, 2.7, 0.01);
+    EXPECT_EQ(world.clipboard.contents, u"mine");
+    EXPECT_FALSE(hasTable(world.zormod));
+    EXPECT_EQ(world.bytesOf("zorTalk"), "old");
+}

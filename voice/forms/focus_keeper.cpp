@@ -12,12 +12,15 @@ FocusKeeper::~FocusKeeper() {
     }
     // Not every window manager, and no bare X server, hands the activation back by itself. It comes back with a
     // later event; the toolkit is told at once, because the caller may ask the next question before that.
-    if (window_) {
-        window_->activateWindow();
-        QApplication::setActiveWindow(window_);
+    if (!window_ || !window_->isVisible()) {
+        return; // closed before the form came up; what was opened meanwhile has the keyboard
     }
-    // The reason says that nobody moved, so no control announces itself.
-    if (focused_) {
-        focused_->setFocus(Qt::ActiveWindowFocusReason);
+    window_->activateWindow();
+    QApplication::setActiveWindow(window_);
+    // A routine behind the form may have given the focus to another control. The reason says that nobody moved, so no
+    // control announces itself.
+    QWidget* inWindow = window_->focusWidget();
+    if (QWidget* control = inWindow != nullptr ? inWindow : focused_.data()) {
+        control->setFocus(Qt::ActiveWindowFocusReason);
     }
 }

@@ -16,6 +16,10 @@ void FormTable::addModeless(TextView name, std::function<QWidget*(QWidget*)> mak
     entries_[Text(name)].makeModeless = std::move(make);
 }
 
+void FormTable::addStanding(TextView name, QWidget& window) {
+    entries_[Text(name)].form = &window;
+}
+
 void FormTable::open(TextView name) {
     const auto found = entries_.find(name);
     if (found == entries_.end()) {
@@ -28,7 +32,9 @@ void FormTable::open(TextView name) {
         entry.form->raise();
         return;
     }
-    QWidget* owner = QApplication::activeWindow();
+    // A window that has just been closed may still count as the active one, but nothing can stand above it.
+    QWidget* active = QApplication::activeWindow();
+    QWidget* owner = active != nullptr && active->isVisible() ? active : nullptr;
     if (entry.makeModal) {
         const std::unique_ptr<QDialog> form(entry.makeModal(owner));
         entry.form = form.get();
@@ -39,6 +45,14 @@ void FormTable::open(TextView name) {
     entry.form->setAttribute(Qt::WA_DeleteOnClose);
     entry.form->show();
     entry.form->activateWindow();
+}
+
+void FormTable::destroyOpenForms() {
+    for (auto& [name, entry] : entries_) {
+        if (entry.makeModeless) {
+            delete entry.form.data();
+        }
+    }
 }
 
 void FormTable::close(TextView name) {

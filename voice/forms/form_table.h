@@ -20,8 +20,13 @@ public:
     void addModal(TextView name, std::function<QDialog*(QWidget* owner)> make);
     /// A form that is shown without stopping the caller.
     void addModeless(TextView name, std::function<QWidget*(QWidget* owner)> make);
+    /// A window that is there as long as the program: open() shows it.
+    void addStanding(TextView name, QWidget& window);
     /// Must be called before the first form is opened; see MessageDialogs::setContext.
     void setContext(const FormContext& context) { context_ = &context; }
+
+    /// Destroys the forms that are still open; called when the program has ended, before what they refer to goes.
+    void destroyOpenForms();
 
     void open(TextView name) override;
     void close(TextView name) override;

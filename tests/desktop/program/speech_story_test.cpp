@@ -100,3 +100,40 @@ TEST(SpeechStory, ATextThatIsRefusedAtOpeningIsHeardAndTheProgramStays) {
     pressKey("Escape");
     EXPECT_EQ(program.waitForEnd(), 0);
 }
+
+TEST(SpeechStory, AStartWithoutAFileLeadsThroughTheStartScreenIntoATable) {
+    StoryFolder folder;
+    ClipboardWatcher watcher;
+    RunningProgram program(folder.path(), "");
+    ASSERT_TRUE(watcher.hears("新規作成(Y)ｺﾏﾝﾄﾞぼたん。｡."));
+    ASSERT_TRUE(becomesTrue([&] {
+        const auto texts = watcher.texts();
+        return texts.back().starts_with("ようこそロミカ。ロミカは、");
+    }, std::chrono::seconds(10)));
+    expectAfterKey(watcher, "Tab", "既存ファイル(N)ｺﾏﾝﾄﾞぼたん");
+    usleep(250000);
+    const std::size_t before = watcher.count();
+    pressKey("n");
+    ASSERT_TRUE(becomesTrue([&] { return watcher.count() > before; }, std::chrono::seconds(10)));
+    EXPECT_TRUE(watcher.texts().back().starts_with("ﾛﾐｶﾌｧｲﾙ指定。"));
+    expectAfterKey(watcher, "Down", "Kmeibo.txt､ﾌｧｲﾙﾘｽﾄﾎﾞｯｸｽ");
+    usleep(250000);
+    pressKey("Return");
+    usleep(1000000);
+    expectAfterKey(watcher, "Right", "山田､  ｷﾞｮｳ1 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ");
+    EXPECT_TRUE(isRunning(program.process()));
+    usleep(250000);
+    pressKey("Escape");
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
+TEST(SpeechStory, EscOnTheStartScreenEndsTheProgramAndForgetsTheMode) {
+    StoryFolder folder;
+    ClipboardWatcher watcher;
+    RunningProgram program(folder.path(), "");
+    ASSERT_TRUE(watcher.hears("新規作成(Y)ｺﾏﾝﾄﾞぼたん。｡."));
+    pressKey("Escape");
+    EXPECT_TRUE(watcher.hears("ﾛﾐｶ ｼｭｳﾘｮｳ。｡."));
+    EXPECT_EQ(program.waitForEnd(), 0);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/zorTalk"));
+}

@@ -5,6 +5,7 @@
 #include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
+#include "start/forms/start_forms.h"
 #include "structure/forms/structure_forms.h"
 #include "voice/forms/key_guide.h"
 
@@ -18,6 +19,8 @@ EditDesk::EditDesk()
       form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     formTable.setContext(context);
+    formTable.addStanding(u"Form1", form);
+    addStartForms(formTable, context);
     addStructureForms(formTable, context);
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, viewer);

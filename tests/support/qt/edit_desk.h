@@ -23,6 +23,7 @@ struct EditDeskParts {
 /// The edit screen, not yet shown and without a table.
 struct EditDesk : EditDeskParts, Desk {
     EditDesk();
+    ~EditDesk() { formTable.destroyOpenForms(); }
 
     /// Makes a table, opens it as the program does, and shows the window. Forgets what was spoken meanwhile.
     void openTable(const std::vector<TestWorld::Item>& items,

@@ -1,0 +1,116 @@
+#include "start/model_files.h"
+
+#include "start/start_world.h"
+
+#include <gmock/gmock.h>
+
+using ::testing::ElementsAre;
+
+namespace {
+
+/// The start screen is up and the sources of model 1 are installed.
+struct ModelWorld : StartWorld {
+    ModelWorld() {
+        forms.loaded = {u"FrmLunch"};
+        make("source.txt", u"品目");
+        std::filesystem::rename(native("ksource.txt"), native("km1.___"));
+        std::filesystem::rename(native("source.txt"), native("m1.___"));
+    }
+    std::string name() const { return "家計簿.txt"; }
+};
+
+} // namespace
+
+TEST(ModelFiles, EveryModelHasItsPairAndItsSources) {
+    ASSERT_EQ(models().size(), 8u);
+    EXPECT_EQ(utf8(modelOf(4).dataFile), "4バイト50項目集計表.txt");
+    EXPECT_EQ(utf8(modelOf(4).itemSource), "ks50.___");
+    EXPECT_EQ(utf8(modelOf(6).dataSource), "g40.___");
+    EXPECT_EQ(utf8(modelOf(101).itemSource), "kサンプル試験結果.___");
+    EXPECT_EQ(utf8(modelOf(100).entry), "mnuE1");
+    EXPECT_THROW(modelOf(7), RuntimeFailure);
+}
+
+TEST(ModelFiles, AMissingModelIsCopiedFromItsSourcesAndOpened) {
+    ModelWorld world;
+    EXPECT_EQ(openModel(world.zormod, 1), u"");
+    EXPECT_TRUE(world.isThere("k家計簿.txt"));
+    ASSERT_TRUE(hasTable(world.zormod));
+    EXPECT_EQ(recordCount(world.zormod), 1);
+    EXPECT_EQ(utf8(world.zormod.items.itemName[1]), "品目");
+    EXPECT_EQ(utf8(world.zormod.file.fileName), utf8(world.pathOf(u"家計簿.txt")));
+    EXPECT_EQ(utf8(world.zormod.file.fileDrive), "C");
+}
+
+TEST(ModelFiles, TheStartScreenGoesAndTheTableIsShown) {
+    ModelWorld world;
+    openModel(world.zormod, 1);
+    EXPECT_FALSE(world.forms.isLoaded(u"FrmLunch"));
+    EXPECT_TRUE(world.forms.isLoaded(u"Form1"));
+    EXPECT_THAT(utf8(world.commands.names), ElementsAre("showOpenedTable"));
+}
+
+TEST(ModelFiles, AFilledModelOpensAsItStands) {
+    ModelWorld world;
+    openModel(world.zormod, 1);
+    forgetTable(world.zormod);
+    const std::string filled = world.bytesOf(world.name()) + world.bytesOf(world.name());
+    world.writeFile(world.name(), filled);
+    openModel(world.zormod, 1);
+    EXPECT_EQ(recordCount(world.zormod), 2);
+    EXPECT_EQ(world.bytesOf(world.name()), filled);
+}
+
+TEST(ModelFiles, ADeletedModelComesBack) {
+    ModelWorld world;
+    openModel(world.zormod, 1);
+    forgetTable(world.zormod);
+    std::filesystem::remove(world.native(world.name()));
+    std::filesystem::remove(world.native("k" + world.name()));
+    EXPECT_EQ(openModel(world.zormod, 1), u"");
+    EXPECT_EQ(world.bytesOf(world.name()), world.bytesOf("m1.___"));
+}
+
+TEST(ModelFiles, DataWhoseItemFileIsLostIsKept) {
+    ModelWorld world;
+    const std::string filled = world.bytesOf("m1.___") + world.bytesOf("m1.___");
+    world.writeFile(world.name(), filled);
+    EXPECT_EQ(openModel(world.zormod, 1), u"");
+    EXPECT_EQ(world.bytesOf(world.name()), filled);
+}
+
+TEST(ModelFiles, MissingSourcesAreReportedAndNothingIsLeftBehind) {
+    for (const char* missing : {"km1.___", "m1.___"}) {
+        ModelWorld world;
+        std::filesystem::remove(world.native(missing));
+        EXPECT_EQ(openModel(world.zormod, 1), u"雛型なし") << missing;
+        EXPECT_FALSE(world.isThere("k家計簿.txt")) << missing;
+        EXPECT_TRUE(world.forms.isLoaded(u"FrmLunch")) << missing;
+        world.expectNoTable();
+    }
+}
+
+TEST(ModelFiles, ACopyThatFailsIsDoneWholeTheNextTime) {
+    for (const int failing : {1, 2}) {
+        ModelWorld world;
+        FaultyState state(world);
+        state.files.failAt(failing, FaultyFiles::Counted::writes);
+        EXPECT_EQ(openModel(state.zormod, 1), u"雛型なし");
+        EXPECT_FALSE(world.isThere("k家計簿.txt"));
+        state.files.heal();
+        EXPECT_EQ(openModel(state.zormod, 1), u"");
+        EXPECT_EQ(recordCount(state.zormod), 1);
+        EXPECT_EQ(world.bytesOf(world.name()), world.bytesOf("m1.___"));
+    }
+}
+
+TEST(ModelFiles, ASpoiltItemFileHasSpokenForItselfAndBeeps) {
+    ModelWorld world;
+    world.writeFile("k家計簿.txt", "nonsense");
+    world.dialogs.expectedMessages = 1;
+    EXPECT_EQ(openModel(world.zormod, 1), u"");
+    world.expectMessage("ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です", "項目挿入不可能");
+    EXPECT_EQ(world.beeper.count, 2);
+    EXPECT_TRUE(world.forms.isLoaded(u"FrmLunch"));
+    world.expectNoTable();
+}
