@@ -4,10 +4,7 @@
 #include "app/commands.h"
 #include "app/entry.h"
 #include "app/menus.h"
-#include "edit/edit_screen.h"
 #include "edit/forms/Form1.h"
-#include "edit/input_box.h"
-#include "edit/status_update.h"
 #include "output/forms/frmHelp.h"
 #include "output/forms/print_talk.h"
 #include "platform/code_page.h"
@@ -76,15 +73,12 @@ int main(int argc, char** argv) {
     forms.setContext(context);
     addStructureForms(forms, context);
     addKeyGuides(forms, context);
-    TextViewer viewer(zormod);
-    addTextViewer(forms, context, viewer);
+    Routines routines(zormod);
+    addTextViewer(forms, context, routines.viewer);
     printer.setTalk(printTalk(context));
 
-    EditScreen edit(zormod);
-    connectPositionBoxes(edit);
-    InputBox inputBox(edit);
-    bindCommands(commands, zormod, edit, inputBox, viewer);
-    Form1 form(context, edit, inputBox, form1Menus());
+    bindCommands(commands, routines);
+    Form1 form(context, routines.edit, routines.inputBox, form1Menus());
     screen.connectTo(&form);
     forms.addStanding(u"Form1", form);
     addStartForms(forms, context);
@@ -97,7 +91,7 @@ int main(int argc, char** argv) {
     } else {
         form.show();
         // In the event loop, so that a refusal can show its message and an end of the program ends the loop.
-        QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(edit, argument); }));
+        QTimer::singleShot(0, &form, guard.wrap([&] { openFromCommandLine(routines.edit, argument); }));
     }
     // An end that rose before the loop runs would be forgotten by it.
     if (!guard.isEndPending()) {

@@ -23,8 +23,11 @@ void CommandTable::run(TextView name) {
     }
 }
 
-void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box,
-                  TextViewer& viewer) {
+void bindCommands(CommandTable& commands, Routines& routines) {
+    ZORMOD& zormod = routines.zormod;
+    EditScreen& edit = routines.edit;
+    InputBox& box = routines.inputBox;
+    TextViewer& viewer = routines.viewer;
     commands.onUnbound([&zormod] {
         zormod.platform.beeper.beep();
         talkS(zormod, u"まだ使えません");

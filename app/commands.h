@@ -2,8 +2,7 @@
 // The one table that binds a command's name to its routine. main makes it before the shared state, since that refers to
 // it, and fills it when the edit screen exists. Keys, menus, labels and lower rooms all start operations through it.
 
-#include "edit/input_box.h"
-#include "output/text_viewer.h"
+#include "app/routines.h"
 #include "platform/commands.h"
 
 #include <functional>
@@ -27,5 +26,4 @@ private:
 
 /// Binds every command of the edit screen that there is. A command without a routine beeps and says so. All references
 /// outlive the table's use.
-void bindCommands(CommandTable& commands, ZORMOD& zormod, EditScreen& edit, InputBox& box,
-                  TextViewer& viewer);
+void bindCommands(CommandTable& commands, Routines& routines);

@@ -20,14 +20,6 @@ struct SheetGlyph {
     bool operator==(const SheetGlyph&) const = default;
 };
 
-/// A range of cells, both ends included.
-struct CellRange {
-    std::int32_t firstRecord = 1;
-    std::int32_t lastRecord = 1;
-    std::int16_t firstItem = 0;
-    std::int16_t lastItem = 0;
-};
-
 /// An item's place in the sheet and its name.
 struct HeaderCell {
     std::int16_t item = 0;

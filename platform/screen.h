@@ -4,6 +4,8 @@
 
 #include "platform/text.h"
 
+#include <cstdint>
+
 /// The texts of Form1's panel, by control name.
 enum class PanelField {
     txtREC,       ///< record number
@@ -17,6 +19,21 @@ enum class PanelField {
     Label8,       ///< input limit
     Label11,      ///< items to input
     Label13,      ///< ID of the current record
+};
+
+/// The masks that show a range.
+enum class MaskKind {
+    wholes, ///< `LblMUSK` over whole records or items
+    block,  ///< `LblMUSK` over a block of cells
+    target, ///< `LblPMUSK`: where it is to go
+};
+
+/// A range of cells, both ends included: records from 1, items from 0.
+struct CellRange {
+    std::int32_t firstRecord = 1;
+    std::int32_t lastRecord = 1;
+    std::int16_t firstItem = 0;
+    std::int16_t lastItem = 0;
 };
 
 /// The edit screen: Form1 with its panel and the view in force beneath it.
@@ -42,7 +59,9 @@ public:
     virtual void showEcho(const Text& text) = 0;
     /// The echo shows the stored cell again.
     virtual void showCellInEcho() = 0;
-    /// Hides the mask of the selected range.
+    /// Puts a mask over a range, as far as it stands in the window, in place of the one of that kind that is shown.
+    virtual void paintMask(MaskKind kind, const CellRange& range) = 0;
+    /// Hides the masks of the selected range and of its target.
     virtual void hideMask() = 0;
     /// Shows the reading mode: "Speek!" visible unless `speechMode` is 0, the mark on the one menu entry of the mode,
     /// `mnuJY` enabled unless `speechMode` is 0.

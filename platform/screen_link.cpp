@@ -54,6 +54,12 @@ void ScreenLink::showCellInEcho() {
     }
 }
 
+void ScreenLink::paintMask(MaskKind kind, const CellRange& range) {
+    if (screen_) {
+        screen_->paintMask(kind, range);
+    }
+}
+
 void ScreenLink::hideMask() {
     if (screen_) {
         screen_->hideMask();

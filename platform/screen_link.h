@@ -19,6 +19,7 @@ public:
     void redrawCurrentRow() override;
     void showEcho(const Text& text) override;
     void showCellInEcho() override;
+    void paintMask(MaskKind kind, const CellRange& range) override;
     void hideMask() override;
     void showReadingMode(int speechMode) override;
     void showSpeek(bool visible) override;

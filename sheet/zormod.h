@@ -70,6 +70,7 @@ struct Selection {
     std::int32_t selRecordTo = 0;
     std::int16_t selItemFrom = 0;
     std::int16_t selItemTo = 0;
+    std::int32_t moveAnchor = 0; ///< the record or item that a move or a copy points at
 };
 
 /// What governs typing.

@@ -161,6 +161,10 @@ void Form1::showCellInEcho() {
     viewInForce().showCellInEcho();
 }
 
+void Form1::paintMask(MaskKind kind, const CellRange& range) {
+    viewInForce().paintMask(kind, range);
+}
+
 void Form1::hideMask() {
     for (View* view : views_) {
         view->hideMask();

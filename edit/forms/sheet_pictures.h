@@ -4,6 +4,7 @@
 // holds no data of the table. frmSHEET lays them out, moves them and tells them when to repaint.
 
 #include "edit/forms/sheet_font.h"
+#include "platform/screen.h"
 
 #include <QWidget>
 

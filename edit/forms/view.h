@@ -3,8 +3,8 @@
 // window and holds no data of its own. It is reached by the mouse only: it stands outside the Tab order, and a key on
 // it goes back to the input box. Form1 owns the views and calls them; a view knows Form1 only as a few routines.
 
-#include "edit/sheet_rows.h"
 #include "platform/qt/form_context.h"
+#include "platform/screen.h"
 #include "platform/text.h"
 #include "voice/forms/SpokenForm.h"
 
@@ -22,13 +22,6 @@ struct ViewActions {
     std::function<void(std::int32_t record, std::int16_t item)> pick; ///< a cell was clicked
     std::function<void(std::int16_t rows)> rowsChanged; ///< the room there is, told at each change of size
     std::function<void()> cancelRange;                  ///< what was selected no longer holds
-};
-
-/// The masks that show a range.
-enum class MaskKind {
-    wholes, ///< `LblMUSK` over whole records or items
-    block,  ///< `LblMUSK` over a block of cells
-    target, ///< `LblPMUSK`: where it is to go
 };
 
 /// A view.

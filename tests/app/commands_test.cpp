@@ -11,7 +11,7 @@ namespace {
 
 struct CommandWorld : TestWorld {
     CommandWorld() {
-        bindCommands(table_, zormod, edit, box, viewer);
+        bindCommands(table_, routines);
         zormod.speech.speechMode = 1;
     }
     void openThreeRecords() {
@@ -19,9 +19,8 @@ struct CommandWorld : TestWorld {
         takeSpoken();
         later();
     }
-    EditScreen edit{zormod};
-    InputBox box{edit};
-    TextViewer viewer{zormod};
+    Routines routines{zormod};
+    EditScreen& edit = routines.edit;
     CommandTable table_;
 };
 
@@ -63,8 +62,8 @@ TEST(CommandTable, TheHelpMenuShowsItsTextsInTheViewer) {
         CommandWorld world;
         world.writeFile(utf8(help.file), "abc\r\n");
         world.table_.run(help.command);
-        EXPECT_EQ(utf8(world.viewer.text()), "abc\r");
-        EXPECT_EQ(utf8(world.viewer.caption()), utf8(help.caption));
+        EXPECT_EQ(utf8(world.routines.viewer.text()), "abc\r");
+        EXPECT_EQ(utf8(world.routines.viewer.caption()), utf8(help.caption));
         EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmHelp"));
     }
 }
@@ -72,7 +71,7 @@ TEST(CommandTable, TheHelpMenuShowsItsTextsInTheViewer) {
 TEST(CommandTable, GoingBackToTheInputBoxRedrawsTheSheetAndKeepsWhatIsTyped) {
     CommandWorld world;
     world.openThreeRecords();
-    world.box.change(u"ab");
+    world.routines.inputBox.change(u"ab");
     world.takeSpoken();
     world.later();
     const int redraws = world.screen.redraws;

@@ -1,6 +1,5 @@
 #include "app/start_commands.h"
 
-#include "output/text_viewer.h"
 #include "edit/status_update.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
@@ -16,17 +15,15 @@ namespace {
 
 struct CommandWorld : TestWorld {
     CommandWorld() {
-        bindCommands(table_, zormod, edit, box, viewer);
-        connectPositionBoxes(edit);
+        bindCommands(table_, routines);
         forms.loaded.insert(u"Form1");
     }
     void open() {
         table({{u"ID", u"L", 3}, {u"氏名", u"L", 6}}, {{u"1", u"a"}});
         showOpenedTable(edit);
     }
-    EditScreen edit{zormod};
-    InputBox box{edit};
-    TextViewer viewer{zormod};
+    Routines routines{zormod};
+    EditScreen& edit = routines.edit;
     CommandTable table_;
 };
 

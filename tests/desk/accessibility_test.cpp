@@ -133,7 +133,7 @@ TEST(Accessibility, TheKeyGuidesNameTheirControlsAndTabReachesAll) {
 
 TEST(Accessibility, TheTextViewerNamesItsControlsAndTabReachesAll) {
     WalkDesk desk;
-    desk.guard.run([&] { desk.viewer.show(u"one\rtwo", u"題"); });
+    desk.guard.run([&] { desk.routines.viewer.show(u"one\rtwo", u"題"); });
     desk.settle();
     walk(desk);
     QApplication::activeWindow()->close();

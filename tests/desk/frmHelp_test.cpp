@@ -200,7 +200,7 @@ TEST(frmHelp, ALargeTextIsReadToItsEnd) {
     for (int i = 0; i < 50000; ++i) {
         text += u"行の文\r";
     }
-    desk.guard.run([&] { desk.viewer.show(text + u"最後", u"大"); });
+    desk.guard.run([&] { desk.routines.viewer.show(text + u"最後", u"大"); });
     desk.settle();
     desk.spoken();
     EXPECT_THAT(desk.spokenBy(ctrlKey(Key::end)), ElementsAre("最終ぎょう。最後"));

@@ -101,7 +101,8 @@ public:
     void redrawCurrentRow() override { ++rowRedraws; }
     void showEcho(const Text& text) override { echo = text; echoTyping = true; }
     void showCellInEcho() override { echoTyping = false; }
-    void hideMask() override { ++maskHides; }
+    void paintMask(MaskKind kind, const CellRange& range) override { masks[kind] = range; }
+    void hideMask() override { ++maskHides; masks.clear(); }
     void showReadingMode(int mode) override { readingMode = mode; speekVisible = mode != 0; }
     void showSpeek(bool visible) override { speekVisible = visible; }
     void showPinnedAutoRead(bool on) override { pinnedAutoRead = on; }
@@ -117,6 +118,7 @@ public:
     int rowRedraws = 0;
     Text echo;
     bool echoTyping = false;
+    std::map<MaskKind, CellRange> masks; ///< those that are shown
     int maskHides = 0;
     int readingMode = -1;
     bool speekVisible = false;

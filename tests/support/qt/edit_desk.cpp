@@ -15,7 +15,7 @@
 #include <gtest/gtest.h>
 
 EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), edit(zormod), box(edit), viewer(zormod),
+    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), routines(zormod),
       form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     formTable.setContext(context);
@@ -23,9 +23,8 @@ EditDesk::EditDesk()
     addStartForms(formTable, context);
     addStructureForms(formTable, context);
     addKeyGuides(formTable, context);
-    addTextViewer(formTable, context, viewer);
-    connectPositionBoxes(edit);
-    bindCommands(commands, zormod, edit, box, viewer);
+    addTextViewer(formTable, context, routines.viewer);
+    bindCommands(commands, routines);
     form.showReadingMode(zormod.speech.speechMode);
 }
 

@@ -3,10 +3,7 @@
 // it.
 
 #include "app/commands.h"
-#include "edit/edit_screen.h"
 #include "edit/forms/Form1.h"
-#include "edit/input_box.h"
-#include "output/text_viewer.h"
 #include "platform/screen_link.h"
 #include "support/qt/desk.h"
 #include "voice/forms/form_table.h"
@@ -41,8 +38,8 @@ struct EditDesk : EditDeskParts, Desk {
     /// Cell of the current record as the window has it.
     std::string cell(int item);
 
-    EditScreen edit;
-    InputBox box;
-    TextViewer viewer;
+    Routines routines;
+    EditScreen& edit = routines.edit;
+    InputBox& box = routines.inputBox;
     Form1 form;
 };
