@@ -57,9 +57,8 @@ bool BulkFiles::open() {
     Files& files = zormod_.platform.files;
     finishInterrupted(zormod_, name(), drive());
     if (usesWorkFile()) {
-        claim_ = claimWorkFiles(zormod_, drive());
+        claim_ = claimFolderOrTell(zormod_, fullPath(drive(), {}));
         if (!claim_) {
-            zormod_.platform.dialogs.showMessage(u"別のロミカが作業中です。しばらくしてからやり直してください", u"確認");
             return false;
         }
         clearWorkFiles(zormod_, drive());
@@ -185,6 +184,13 @@ bool BulkRun::forEach(std::int32_t from, std::int32_t to, const std::function<vo
     for (std::int32_t record = from; record <= to && rounds_.next(); ++record) {
         readRecord(zormod_, 1, record, row);
         transform(row);
+    }
+    return !isStopped();
+}
+
+bool BulkRun::repeat(std::int32_t times, const std::function<void(std::int32_t)>& make) {
+    for (std::int32_t time = 0; time < times && rounds_.turn();) {
+        make(++time);
     }
     return !isStopped();
 }

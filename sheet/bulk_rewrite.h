@@ -61,6 +61,9 @@ public:
     void write(BytesView row);
     /// Writes the next record as it is, filled up with blanks to 256 bytes, for rows that carry their line end earlier.
     void writeAsIs(BytesView rec);
+    /// `times` rounds, numbered from 1, that read no record: for records that the operation makes itself. They count for
+    /// nothing in the percentage. False if the run is stopped.
+    bool repeat(std::int32_t times, const std::function<void(std::int32_t time)>& make);
     bool isStopped() const { return rounds_.isStopped(); }
     /// Records written so far.
     std::int32_t written() const { return written_; }

@@ -12,15 +12,27 @@ ProgressRounds::ProgressRounds(ZORMOD& zormod, const Text& name, bool canStop, s
     }
 }
 
-bool ProgressRounds::next() {
-    ++rounds_;
-    // Without the form nothing keeps keys from the other windows, so no event may be handled then.
-    if (!isStopped_ && hasForm_ && zormod_.platform.dialogs.isProgressOpen()) {
+bool ProgressRounds::next() { return next(rounds_ + 1); }
+
+bool ProgressRounds::next(std::int32_t done) {
+    rounds_ = done;
+    if (isShown()) {
         showPercent();
+    }
+    return turn();
+}
+
+bool ProgressRounds::turn() {
+    if (isShown()) {
         zormod_.platform.eventLoop.yield();
         isStopped_ = canStop_ && isStopAsked(zormod_);
     }
     return !isStopped_;
+}
+
+bool ProgressRounds::isShown() const {
+    // Without the form nothing keeps keys from the other windows, so no event may be handled then.
+    return !isStopped_ && hasForm_ && zormod_.platform.dialogs.isProgressOpen();
 }
 
 void ProgressRounds::showPercent() {

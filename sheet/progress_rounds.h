@@ -13,9 +13,14 @@ public:
 
     /// Begins the next round: percent, turn of the event loop, stop test. False if the user has stopped the operation.
     bool next();
+    /// The same for an operation that counts by itself: `done` of the total is done.
+    bool next(std::int32_t done);
+    /// A round that counts for nothing in the percentage: turn and stop test alone.
+    bool turn();
     bool isStopped() const { return isStopped_; }
 
 private:
+    bool isShown() const;
     void showPercent();
 
     ZORMOD& zormod_;

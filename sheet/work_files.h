@@ -37,6 +37,9 @@ void removeIfThere(ZORMOD& zormod, const Text& path);
 
 /// Claims the work files of a drive for this copy of the program. Null if another copy has them.
 std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive);
+/// Claims a folder in which an operation writes files of fixed names. Null if another copy of the program is at work in
+/// it; the user has been told then.
+std::unique_ptr<TableLock> claimFolderOrTell(ZORMOD& zormod, const Text& folder);
 /// From here on the work files of the drive are ours. The caller holds the claim.
 void markWorkFiles(ZORMOD& zormod, TextView drive);
 /// Deletes the work files of the drive if they are ours, and the mark. The caller holds the claim.
