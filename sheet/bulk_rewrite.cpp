@@ -55,7 +55,7 @@ private:
 
 bool BulkFiles::open() {
     Files& files = zormod_.platform.files;
-    finishSwap(zormod_, name(), drive());
+    finishInterrupted(zormod_, name(), drive());
     if (usesWorkFile()) {
         claim_ = claimFolderOrTell(zormod_, fullPath(drive(), {}));
         if (!claim_) {

@@ -18,6 +18,14 @@ Text besideTable(TextView drive, TextView fileName, TextView prefix) {
     return fullPath(drive, name);
 }
 
+void tidy(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const RuntimeFailure&) {
+        // Such as a folder that has become read-only. The table opens all the same.
+    }
+}
+
 void removeIfThere(ZORMOD& zormod, const Text& path) {
     if (zormod.platform.files.exists(path)) {
         zormod.platform.files.remove(path);
