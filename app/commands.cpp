@@ -1,5 +1,7 @@
 #include "app/commands.h"
 
+#include "app/block_commands.h"
+#include "app/item_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
@@ -77,4 +79,6 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindRecordCommands(commands, edit);
+    bindItemCommands(commands, edit);
+    bindBlockCommands(commands, edit);
 }
