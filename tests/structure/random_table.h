@@ -38,7 +38,6 @@ struct RandomTable : TestWorld {
             records.push_back(randomRecord());
         }
         tail = between(0, 3) == 0 ? "tail" : "";
-        memory.replaceWhole(u"C:\\kt.txt", itemFile(items));
         memory.replaceWhole(u"C:\\Kt.txt", itemFile(items));
         memory.replaceWhole(u"C:\\t.txt", joined() + tail);
         copy.file.fileDrive = u"C";
@@ -68,8 +67,8 @@ struct RandomTable : TestWorld {
         }
         return bytes;
     }
-    std::string dataNow() const { return *memory.files.at(u"C:\\t.txt"); }
-    std::string itemsNow() const { return *memory.files.at(u"C:\\Kt.txt"); }
+    std::string dataNow() const { return memory.bytesOf(u"C:\\t.txt"); }
+    std::string itemsNow() const { return memory.bytesOf(u"C:\\Kt.txt"); }
 
     /// The K file of such items, in ASCII but for the names.
     static std::string itemFile(const std::vector<MadeItem>& made) {

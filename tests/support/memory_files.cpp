@@ -32,10 +32,19 @@ private:
 
 } // namespace
 
+Text MemoryFiles::key(Text path) {
+    for (char16_t& character : path) {
+        character += character >= u'a' && character <= u'z' ? u'A' - u'a' : 0;
+    }
+    return path;
+}
+
+Bytes MemoryFiles::bytesOf(const Text& path) const { return *files.at(key(path)); }
+
 std::unique_ptr<RandomFile> MemoryFiles::openRandom(const Text& path) { return openBulk(path); }
 
 std::unique_ptr<BulkFile> MemoryFiles::openBulk(const Text& path) {
-    auto& file = files[path];
+    auto& file = files[key(path)];
     if (!file) {
         file = std::make_shared<Bytes>();
     }
@@ -43,7 +52,7 @@ std::unique_ptr<BulkFile> MemoryFiles::openBulk(const Text& path) {
 }
 
 Bytes MemoryFiles::readWhole(const Text& path, std::size_t limit) {
-    const auto found = files.find(path);
+    const auto found = files.find(key(path));
     if (found == files.end() || found->second->size() > limit) {
         fail();
     }
@@ -51,21 +60,21 @@ Bytes MemoryFiles::readWhole(const Text& path, std::size_t limit) {
 }
 
 void MemoryFiles::replaceWhole(const Text& path, BytesView contents) {
-    files[path] = std::make_shared<Bytes>(contents);
+    files[key(path)] = std::make_shared<Bytes>(contents);
 }
 
 std::unique_ptr<TableLock> MemoryFiles::moveIntoPlace(const Text& from, const Text& to) {
-    const auto found = files.find(from);
+    const auto found = files.find(key(from));
     if (found == files.end()) {
         fail();
     }
-    files[to] = found->second;
-    files.erase(from);
+    files[key(to)] = found->second;
+    files.erase(key(from));
     return std::make_unique<TableLock>();
 }
 
 void MemoryFiles::remove(const Text& path) {
-    if (files.erase(path) == 0) {
+    if (files.erase(key(path)) == 0) {
         fail();
     }
 }

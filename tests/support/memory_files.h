@@ -1,6 +1,6 @@
 #pragma once
-// Files that stand in memory and wait for no disk, for tests that run an operation thousands of times. Names are exact,
-// claims are always given, and what only real files can do (copies, folders, drives) is a failure.
+// Files that stand in memory and wait for no disk, for tests that run an operation thousands of times. The case of
+// ASCII letters in names makes no difference, claims are always given, and what only real files can do (copies, folders, drives) is a failure.
 
 #include "platform/files.h"
 
@@ -11,7 +11,7 @@ class MemoryFiles : public Files {
 public:
     Text currentFolder() override { return u"C:\\"; }
     Text fromCommandLine(const Text& argument) override { return argument; }
-    bool exists(const Text& path) override { return files.count(path) != 0; }
+    bool exists(const Text& path) override { return files.count(key(path)) != 0; }
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
     std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
@@ -25,6 +25,13 @@ public:
     std::vector<Text> drives() override { return {u"C"}; }
     FolderContents folderContents(const Text& path) override;
 
-    /// By path. A file that is open outlives its name.
+    /// Contents of a file; a missing one is a failure.
+    Bytes bytesOf(const Text& path) const;
+    int count() const { return static_cast<int>(files.size()); }
+
+private:
+    static Text key(Text path);
+
+    /// A file that is open outlives its name.
     std::map<Text, std::shared_ptr<Bytes>> files;
 };
