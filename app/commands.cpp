@@ -1,5 +1,8 @@
 #include "app/commands.h"
 
+#include "app/block_commands.h"
+#include "app/item_commands.h"
+#include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
@@ -75,4 +78,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindRecordCommands(commands, edit);
+    bindItemCommands(commands, edit);
+    bindBlockCommands(commands, edit);
 }
