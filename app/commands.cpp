@@ -3,6 +3,7 @@
 #include "app/block_commands.h"
 #include "app/item_commands.h"
 #include "app/record_commands.h"
+#include "app/range_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
@@ -76,6 +77,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindRangeCommands(commands, routines);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindRecordCommands(commands, edit);
