@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/input_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
@@ -73,6 +74,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
 }

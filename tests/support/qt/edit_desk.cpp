@@ -1,6 +1,7 @@
 #include "support/qt/edit_desk.h"
 
 #include "app/menus.h"
+#include "edit/forms/input_forms.h"
 #include "edit/status_update.h"
 #include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
@@ -24,6 +25,7 @@ EditDesk::EditDesk()
     addStructureForms(formTable, context);
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, routines.viewer);
+    addInputForms(formTable, context, edit);
     bindCommands(commands, routines);
     form.showReadingMode(zormod.speech.speechMode);
 }
