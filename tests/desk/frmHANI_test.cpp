@@ -2,6 +2,7 @@
 
 #include "support/qt/view_desk.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
