@@ -39,9 +39,9 @@ TEST(frmHANI, ComesUpWithTheKindsTitlePromptAndFields) {
         bool records;
         bool items;
     };
-    for (const Kind& kind : {Kind{shiftKey(Key::down), "範囲の指定", true, true},
-                             Kind{altKey(Key::up), "記録範囲の指定", true, false},
-                             Kind{altKey(Key::right), "項目範囲の指定", false, true}}) {
+    for (const Kind& kind :
+         {Kind{shiftKey(Key::down), "範囲の指定", true, true}, Kind{altKey(Key::up), "記録範囲の指定", true, false},
+          Kind{altKey(Key::right), "項目範囲の指定", false, true}}) {
         RangeDesk desk;
         desk.key(kind.key);
         ASSERT_TRUE(desk.isDrawing());
@@ -59,8 +59,7 @@ TEST(frmHANI, ComesUpWithTheKindsTitlePromptAndFields) {
 
 TEST(frmHANI, TheOpeningKeySaysWhereTheRangeBeginsAndTakesNoStep) {
     RangeDesk desk;
-    EXPECT_EQ(desk.spokenBy(altKey(Key::down)),
-              Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から1指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(altKey(Key::down)), Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から1指定ずみ"});
     EXPECT_EQ(desk.fields(), (Said{"1", "1", "0", "4"}));
     EXPECT_EQ(desk.place(), std::pair(1, 0));
 }
@@ -95,13 +94,11 @@ TEST(frmHANI, ABlockIsDrawnInEveryDirection) {
 TEST(frmHANI, RecordsAndItemsAreDrawnInBothDirections) {
     RangeDesk desk;
     desk.key(altKey(Key::down));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::down)),
-              Said{"ｷﾞｮｳ2.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から2指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::down)), Said{"ｷﾞｮｳ2.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から2指定ずみ"});
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{2, 1, 2, 0, 4}));
     desk.key(altKey(Key::up));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::up)),
-              Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ2から1指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::up)), Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ2から1指定ずみ"});
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{2, 1, 2, 0, 4}));
     desk.key(altKey(Key::right));
@@ -110,8 +107,7 @@ TEST(frmHANI, RecordsAndItemsAreDrawnInBothDirections) {
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{3, 1, 40, 0, 1}));
     desk.key(altKey(Key::left));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::left)),
-              Said{"ｺｳﾓｸ0.ｺｳﾓｸﾊﾝｲ指定中．今のセルデータは1．ｺｳﾓｸ1から0指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::left)), Said{"ｺｳﾓｸ0.ｺｳﾓｸﾊﾝｲ指定中．今のセルデータは1．ｺｳﾓｸ1から0指定ずみ"});
 }
 
 TEST(frmHANI, EveryMovingKeyOfTheTableMoves) {
