@@ -1,5 +1,6 @@
 // Ranges as a user draws them: from the input box by the keys that begin one, step by step in the small form, and back.
 
+#include "structure/clip_file.h"
 #include "support/qt/view_desk.h"
 
 #include <QAbstractButton>
@@ -308,6 +309,20 @@ TEST(frmHANI, AClickOnTheSheetWhileDrawingChangesNothing) {
     desk.clickCell(3, 1);
     EXPECT_TRUE(desk.isDrawing());
     EXPECT_EQ(desk.place(), std::pair(1, 0));
+}
+
+TEST(frmHANI, CtrlInsMakesTheClipFileAndGoesBackToTheInputBox) {
+    RangeDesk desk;
+    desk.commands.bind(u"mnuCLIP", [&desk] { makeClip(desk.zormod); });
+    desk.key(plainKey(Key::down));
+    desk.key(shiftKey(Key::up));
+    desk.key(plainKey(Key::up));
+    desk.key(ctrlKey(Key::insert));
+    EXPECT_EQ(desk.world.bytesOf("ZORCLip"), " 2 \r\n 1 \r\n 2 \r\n 1 \r\n 0 \r\n\"1  \"\r\n\"1  \"\r\n");
+    EXPECT_FALSE(desk.isDrawing());
+    EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
+    EXPECT_FALSE(desk.sheet("LblMUSK")->isVisible());
+    EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
 TEST(frmHANI, TheKeyBoxTakesNoInputMethodAndTypesNothing) {
