@@ -61,9 +61,9 @@ std::int16_t firstItem(const ZORMOD& zormod) {
 }
 
 std::optional<std::int32_t> askForRecord(ZORMOD& zormod) {
-    const auto asked =
-        askNumber(zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
-                  u"指定記録へ移動", zormod.position.curRecord);
+    const auto asked = askNumber(
+        zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
+        u"指定記録へ移動", zormod.position.curRecord);
     if (!asked) {
         return {};
     }

@@ -1,6 +1,5 @@
 #include "edit/range_state.h"
 
-#include "platform/forms.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 
@@ -36,8 +35,5 @@ void dropRange(ZORMOD& zormod) {
     if (isBeingChosen(zormod.taskWord)) {
         zormod.taskWord.clear();
     }
-    zormod.selection = {};
-    zormod.platform.screen.hideMask();
-    zormod.platform.forms.close(rangeForm);
-    zormod.platform.forms.close(pointerForm);
+    giveUpSelection(zormod);
 }
