@@ -139,6 +139,17 @@ TEST(Accessibility, TheTextViewerNamesItsControlsAndTabReachesAll) {
     QApplication::activeWindow()->close();
 }
 
+TEST(Accessibility, TheFormOfARangeNamesItsControlsAndTabReachesAll) {
+    for (const KeyStroke& start : {shiftKey(Key::down), altKey(Key::down), altKey(Key::right)}) {
+        WalkDesk desk;
+        desk.key(start);
+        walk(desk);
+        EXPECT_EQ(accessibleNameOf(desk.control(u"Text1")), "はじめの記録");
+        EXPECT_EQ(accessibleNameOf(desk.control(u"Text5")), "どこまで？(ｶ-ｿﾙ移動+CR)");
+        EXPECT_EQ(roleOf(desk.control(u"Text5")), QAccessible::EditableText);
+    }
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {

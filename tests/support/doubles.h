@@ -131,8 +131,9 @@ public:
 /// Remembers the commands that were run.
 class FakeCommands : public Commands {
 public:
-    void run(TextView name) override { names.emplace_back(name); }
+    void run(TextView name) override;
     std::vector<Text> names;
+    std::function<void()> onRun; ///< looks at the world at the moment a command is run
 };
 
 /// Remembers which forms were opened and plays scripted ones; a form without a script opens and stays loaded.
