@@ -66,7 +66,9 @@ void Desk::settle() {
 // The platform has no window manager: when a menu has closed, no window or the closed menu itself is active.
 void Desk::manageWindows() {
     QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && active->isVisible()) {
+    // Nor does the platform leave the keyboard where it is for a window that doesn't want it.
+    const bool isPassive = active != nullptr && active->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    if (active != nullptr && active->isVisible() && !isPassive) {
         lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
     } else if (lastActive_ && lastActive_->isVisible()) {
         QApplication::setActiveWindow(lastActive_);
