@@ -80,6 +80,12 @@ void frmGrid::showCurrent() {
     }
 }
 
+void frmGrid::followLetters() {
+    fitLetters(*Grid1, *this);
+    fitColumns();
+    redraw();
+}
+
 void frmGrid::showEvent(QShowEvent* event) {
     View::showEvent(event);
     context_.guard.run([this] { redraw(); });

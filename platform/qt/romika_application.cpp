@@ -1,7 +1,7 @@
 #include "platform/qt/romika_application.h"
 
 #include "platform/qt/guard.h"
-#include "platform/qt/x11_auto_repeat.h"
+#include "platform/qt/x11_keyboard.h"
 
 #include <QFont>
 

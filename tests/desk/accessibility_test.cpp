@@ -115,10 +115,14 @@ TEST(Accessibility, TheMenuBarTellsItsMenus) {
     QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(desk.form.menuBar());
     ASSERT_NE(bar, nullptr);
     EXPECT_EQ(bar->role(), QAccessible::MenuBar);
-    ASSERT_EQ(bar->childCount(), 13);
-    for (int i = 0; i < bar->childCount(); ++i) {
-        EXPECT_FALSE(bar->child(i)->text(QAccessible::Name).isEmpty());
+    int menus = 0;
+    for (QMenuBar* row : desk.form.findChildren<QMenuBar*>()) {
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(row);
+        for (int i = 0; i < face->childCount(); ++i, ++menus) {
+            EXPECT_FALSE(face->child(i)->text(QAccessible::Name).isEmpty());
+        }
     }
+    EXPECT_EQ(menus, 13);
 }
 
 TEST(Accessibility, TheKeyGuidesNameTheirControlsAndTabReachesAll) {

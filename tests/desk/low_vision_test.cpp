@@ -108,6 +108,20 @@ TEST(LowVision, TheSheetStartsWithLettersAsLargeAsTheDesktops) {
     EXPECT_GE(large.partOf("frmSHEET", "Picture1")->font().pixelSize(), 2 * small);
 }
 
+TEST(LowVision, EachViewFollowsLettersThatGrowWhileTheProgramRuns) {
+    for (const auto& [mode, view, part] :
+         {std::tuple(0, "frmSHEET", "Picture1"), std::tuple(1, "frmKOJIND", "Grid1"), std::tuple(2, "frmGrid", "Grid1")}) {
+        LargeDesk desk(1);
+        desk.zormod.display.viewMode = static_cast<std::int16_t>(mode);
+        desk.form.redrawView();
+        desk.settle();
+        const int before = desk.partOf(view, part)->font().pixelSize();
+        const TextSize larger(3);
+        desk.settle();
+        EXPECT_GE(desk.partOf(view, part)->font().pixelSize(), 2 * before) << view;
+    }
+}
+
 TEST(LowVision, LettersThatGrowWhileTheProgramRunsAreFollowed) {
     LargeDesk desk(1);
     const int before = desk.part("txtREC")->width();
