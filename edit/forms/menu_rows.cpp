@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QProxyStyle>
+#include <QStyle>
 #include <QStyleOptionMenuItem>
 #include <QVBoxLayout>
 
@@ -11,13 +11,11 @@
 
 namespace {
 
-/// Alt alone goes to the first row only.
-class WithoutAltKey : public QProxyStyle {
+/// A row to which Alt alone doesn't go: a menu bar waits for that key as a filter of its window.
+class FurtherRow : public QMenuBar {
 public:
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override {
-        return hint == SH_MenuBar_AltKeyNavigation ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
-    }
+    using QMenuBar::QMenuBar;
+    bool eventFilter(QObject*, QEvent*) override { return false; }
 };
 
 /// The place that an entry takes in a row, with the gap behind it; the toolkit doesn't tell it of one that it folds.
@@ -108,11 +106,8 @@ void MenuRows::arrange() {
 
 QMenuBar& MenuRows::row(std::size_t number) {
     if (number == rows_.size()) {
-        auto* bar = new QMenuBar(this);
+        auto* bar = new FurtherRow(this);
         bar->setNativeMenuBar(false);
-        auto* style = new WithoutAltKey;
-        style->setParent(bar);
-        bar->setStyle(style);
         // As in the first row, no number of menus makes the window wider.
         bar->setSizePolicy(QSizePolicy::Ignored, bar->sizePolicy().verticalPolicy());
         bar->installEventFilter(this);

@@ -15,6 +15,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -44,6 +45,7 @@ frmDESIGN::frmDESIGN(const FormContext& context, QWidget* parent)
     addReferences(*layout);
     setBoxRules();
     refresh();
+    resize(sizeHint().expandedTo(QSize(0, 600)).boundedTo(screen()->availableSize()));
     (design_.mode == DesignMode::change ? &cellBox_->itemin() : text3)->setFocus();
 }
 

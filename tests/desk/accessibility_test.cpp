@@ -235,3 +235,35 @@ TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
     desk.dialogs.closeProgress();
     EXPECT_TRUE(isWalked);
 }
+
+// A form that is new in the table of forms is walked here by itself.
+TEST(Accessibility, EveryFormOfTheTableTellsItselfItsControlsAndItsTabOrder) {
+    const std::vector<Text> names = WalkDesk().formTable.names();
+    ASSERT_GT(names.size(), 9U);
+    for (const Text& name : names) {
+        SCOPED_TRACE(utf8(name));
+        WalkDesk desk;
+        bool walked = false;
+        const auto walkForm = [&] {
+            EXPECT_EQ(QApplication::activeWindow()->objectName().toStdString(), utf8(name));
+            EXPECT_FALSE(desk.title().empty());
+            walk(desk);
+            walked = true;
+        };
+        desk.inNextModal([&] {
+            desk.settle();
+            walkForm();
+            desk.keys.press(plainKey(Key::escape));
+        });
+        desk.guard.run([&] { desk.formTable.open(name); });
+        if (!walked) {
+            desk.settle();
+            walkForm();
+            desk.dropScripts();
+            if (name != u"Form1") {
+                desk.formTable.close(name);
+            }
+        }
+        EXPECT_TRUE(walked);
+    }
+}

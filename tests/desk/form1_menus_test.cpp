@@ -224,10 +224,9 @@ TEST(Form1Menus, FromTheSecondRowEscapeComesBackToTheInputBox) {
         EXPECT_THAT(desk.spoken(), ElementsAre(testing::StartsWith("ﾍﾙﾌﾟ(Z)､サブメニュー")));
         desk.popupKey(Qt::Key_Escape);
         EXPECT_EQ(desk.openMenu(), nullptr);
-        for (int i = 0; i < 2 && desk.focus() != "txtinputbox"; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-            desk.settle();
-        }
+        EXPECT_NE(desk.focus(), "txtinputbox") << "the row has the keys now, as the first one has";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        desk.settle();
         EXPECT_EQ(desk.focus(), "txtinputbox");
         EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre(testing::StartsWith("a､")));
     }
