@@ -1,6 +1,7 @@
 // The edit screen on a desktop with letters four times the normal size.
 
 #include "edit/forms/panel.h"
+#include "platform/qt/romika_application.h"
 #include "support/qt/edit_desk.h"
 
 #include <QApplication>
@@ -49,6 +50,13 @@ struct LargeDesk : TextSize, EditDesk {
 };
 
 } // namespace
+
+TEST(LowVision, TheLettersAreAsLargeAsTheDesktopsAndEvenAndNeverSmall) {
+    EXPECT_EQ(letterPixels(12), 16);
+    EXPECT_EQ(letterPixels(16), 16);
+    EXPECT_EQ(letterPixels(17), 18);
+    EXPECT_EQ(letterPixels(40), 40);
+}
 
 TEST(LowVision, TheFocusedControlIsWhollyInViewAtFourTimesTheSize) {
     LargeDesk desk(4);
