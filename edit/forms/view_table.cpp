@@ -10,6 +10,8 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     table->setObjectName(QStringLiteral("Grid1"));
     table->setModel(model);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // The marks follow the program, never the mouse: a click goes to the program, which then marks the cell.
+    table->setSelectionMode(QAbstractItemView::NoSelection);
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);
     table->setContextMenuPolicy(Qt::NoContextMenu);
@@ -40,6 +42,6 @@ void fitLetters(QTableView& table, const QWidget& view) {
 
 void markCell(QTableView& table, int row, int column) {
     const QModelIndex index = table.model()->index(row, column);
-    table.setCurrentIndex(index);
+    table.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     table.scrollTo(index, QAbstractItemView::EnsureVisible);
 }
