@@ -49,7 +49,7 @@ bool hasName(const Text& path) {
 Target targetOf(const TableDesign& design) {
     const std::size_t colon = design.text3.find(u':');
     if (colon == Text::npos) {
-        return {design.drive1.substr(0, 1), design.text3};
+        return {lowerCase(TextView(design.references.path()).substr(0, 1)), design.text3};
     }
     return {design.text3.substr(0, colon), design.text3.substr(colon + 1)};
 }

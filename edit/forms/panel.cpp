@@ -171,6 +171,11 @@ void Panel::fitBoxes() {
     // A change asks the toolkit to lay everything out, and that comes back here: it must not go round for ever.
     if (changed) {
         content_->layout()->invalidate();
+    }
+    // The line of a mark that has come or gone takes or gives room without any box being another.
+    const int height = sizeHint().height();
+    if (changed || height != askedHeight_) {
+        askedHeight_ = height;
         updateGeometry();
     }
 }

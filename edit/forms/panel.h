@@ -63,4 +63,5 @@ private:
     std::function<void(PanelLabel)> labelRule_;
     QLabel* lblSpeek;
     int inputBytes_ = 20;
+    int askedHeight_ = 0; ///< the height that the window has been asked for
 };
