@@ -119,6 +119,10 @@ void finishSwap(ZORMOD& zormod, const Text& fileName, const Text& drive) {
 void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     finishSwap(zormod, fileName, drive);
     tidy([&] {
+        zormod.platform.files.removeLeftovers(fullPath(drive, TextView(fileName).substr(0, lastPosition(fileName, u"\\"))));
+        zormod.platform.files.removeLeftovers(zormod.file.programFolder);
+    });
+    tidy([&] {
         removeIfThere(zormod, newFilePath(drive, fileName));
         if (const auto claim = claimWorkFiles(zormod, drive)) {
             clearWorkFiles(zormod, drive);
