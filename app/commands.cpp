@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
@@ -75,4 +76,5 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindRecordCommands(commands, edit);
 }

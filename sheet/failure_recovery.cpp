@@ -17,8 +17,8 @@ void reopenTable(ZORMOD& zormod) {
 }
 
 void readTableAgain(ZORMOD& zormod) {
-    // The failure may have come between the two files of a swap.
-    finishSwap(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    // The failure may have come between the two files of a swap, or amid the records of a change in place.
+    finishInterrupted(zormod, zormod.file.fileName, zormod.file.fileDrive);
     if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
         // The refusal has told the user, and it has closed the table.
         return;
