@@ -82,6 +82,10 @@ std::vector<std::string> problemsOf(const FolderImage& now, const FolderImage& b
             problems.push_back(*pair.begin() + " and its companion are neither old nor new");
         }
     }
+    if (!operation.pairs.empty() && !areSame(now, before, operation.pairs.front()) &&
+        !areSame(now, after, operation.first)) {
+        problems.push_back("the table changed before " + *operation.first.begin() + " was there");
+    }
     for (const auto& name : singles(before, after, operation)) {
         if (!isSame(now, before, name) && !isSame(now, after, name)) {
             problems.push_back(name + " is neither old nor new");

@@ -2,11 +2,14 @@
 
 #include "edit/side_boxes.h"
 #include "sheet/bulk_world.h"
+#include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
 #include "start/file_choice.h"
 #include "start/model_files.h"
 #include "start/table_opening.h"
+#include "structure/clip_file.h"
 #include "structure/design_accept.h"
+#include "structure/record_operations.h"
 #include "voice/program_end.h"
 
 namespace {
@@ -83,6 +86,40 @@ void openNewTable(TestWorld& world, RunningCopy& copy) {
 
 void openTheModel(TestWorld&, RunningCopy& copy) { openModel(copy.zormod, 1); }
 
+void select(ZORMOD& zormod, std::int32_t from, std::int32_t to) {
+    zormod.selection = {.selectionKind = 2, .selRecordFrom = from, .selRecordTo = to, .selItemFrom = 0, .selItemTo = 1};
+}
+
+/// Copies the records 1..3 over 4..6 and behind the end, as the operations on blocks do.
+void copyBlock(ZORMOD& zormod) {
+    changeInPlace(zormod, {.name = u"記録移動中", .spans = {{1, 3}, {6, 8}}}, [](RecordChanges& run) {
+        Bytes record;
+        for (std::int32_t i = 0; i < 3 && run.nextRound(); ++i) {
+            run.read(1 + i, record);
+            run.write(6 + i, record);
+        }
+    });
+}
+
+void addRecordOperations(std::vector<WritingOperation>& list) {
+    list.push_back({.name = "Records are inserted",
+                    .run = [](TestWorld&, ZORMOD& zormod) { insertRecords(zormod, 2); }});
+    list.push_back({.name = "Records are deleted",
+                    .prepare = [](TestWorld& world) { world.writeFile("ZORCLip", " 1 \r\n"); },
+                    .run = [](TestWorld&, ZORMOD& zormod) { deleteRecords(zormod, 2, 3); },
+                    .first = {"ZORCLip"}});
+    list.push_back({.name = "Records are moved",
+                    .run = [](TestWorld&, ZORMOD& zormod) { moveRecords(zormod, 2, 3, 6); }});
+    list.push_back({.name = "The clip file is made",
+                    .prepare = [](TestWorld& world) { world.writeFile("ZORCLip", " 1 \r\n"); },
+                    .run = [](TestWorld&, ZORMOD& zormod) {
+                        select(zormod, 2, 4);
+                        makeClip(zormod);
+                    }});
+    list.push_back({.name = "Records are changed in place",
+                    .run = [](TestWorld&, ZORMOD& zormod) { copyBlock(zormod); }});
+}
+
 std::vector<WritingOperation> makeList() {
     std::vector<WritingOperation> list;
     list.push_back({.name = "A changed row is left",
@@ -103,6 +140,7 @@ std::vector<WritingOperation> makeList() {
                     }});
     list.push_back({.name = "Rewrite beside the table, own items",
                     .run = [](TestWorld&, ZORMOD& zormod) { widenInPlace(zormod); }});
+    addRecordOperations(list);
     list.push_back({.name = "A new table is designed",
                     .run = makeNewTable,
                     .pairs = {{"t.txt", "kt.txt"}, {"n.txt", "kn.txt"}},

@@ -33,6 +33,8 @@ struct WritingOperation {
     std::vector<std::set<std::string>> pairs = {{"t.txt", "kt.txt"}};
     /// Files that may be gone alone, since the operation takes a pair away one by one.
     std::set<std::string> goneAlone{};
+    /// Files that are new before anything else changes: what is about to be removed from the table is kept in them.
+    std::set<std::string> first{};
     /// The operation ends in writing the current row, and the next leave of the row writes it again.
     bool writesRow = false;
     /// The form stays open when it has told the user that it failed.
