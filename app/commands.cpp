@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/clip_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
@@ -77,4 +78,5 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindRecordCommands(commands, edit);
+    bindClipCommands(commands, edit);
 }
