@@ -1,6 +1,10 @@
 #include "app/commands.h"
 
+#include "app/block_commands.h"
 #include "app/clip_commands.h"
+#include "app/input_commands.h"
+#include "app/item_commands.h"
+#include "app/range_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
@@ -75,8 +79,12 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindRangeCommands(commands, routines);
+    bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindRecordCommands(commands, edit);
     bindClipCommands(commands, edit);
+    bindItemCommands(commands, edit);
+    bindBlockCommands(commands, edit);
 }
