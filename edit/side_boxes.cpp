@@ -14,6 +14,8 @@
 #include "voice/caret_reading.h"
 #include "voice/speech_channel.h"
 
+#include <utility>
+
 namespace {
 
 void setTyping(EditScreen& edit, PanelField field, bool isTyping) {
@@ -139,7 +141,10 @@ void memoLeft(EditScreen& edit, const Text& text) {
     if (!hasTable(zormod) || zormod.file.tableMemo == text) {
         return;
     }
-    zormod.file.tableMemo = text;
+    const Text old = std::exchange(zormod.file.tableMemo, text);
     edit.RichTextBox2 = text;
     writeItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    if (!zormod.writeFlag.empty()) {
+        zormod.file.tableMemo = old; // so that leaving the box again writes it
+    }
 }

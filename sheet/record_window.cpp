@@ -74,11 +74,14 @@ void commitRecord(ZORMOD& zormod) {
         return;
     }
     const Bytes ended = endedRecord(row);
-    if (!standsOnDisk(zormod, record, ended)) {
+    std::int32_t& unsure = zormod.window.unsureRecord;
+    if (record == unsure || !standsOnDisk(zormod, record, ended)) {
         try {
             writeRecord(zormod, 1, record, ended);
+            unsure = record == unsure ? 0 : unsure;
         } catch (RuntimeFailure& failure) {
             failure.rowWrite = true;
+            unsure = record;
             throw;
         }
     }
