@@ -48,7 +48,7 @@ std::size_t used(const ItemTable& items) {
 
 /// A random table, a random clip of cells without quotes, and a place to paste it.
 struct RandomPaste {
-    explicit RandomPaste(std::mt19937& random) {
+    RandomPaste(QuickWorld& quick, std::mt19937& random) : world(quick) {
         rows.resize(random() % 12);
         for (std::string& row : rows) {
             row = randomRow(random, 254) + "\r\n";
@@ -69,7 +69,7 @@ struct RandomPaste {
     const ItemTable& table() const { return world.zormod.items; }
     const std::string& cellAt(std::size_t index) const { return cells.at(index); }
 
-    RecordWorld world;
+    QuickWorld& world;
     Rows rows;
     int records = 0;
     int items = 0;
@@ -84,8 +84,9 @@ std::string line(const std::string& text) { return text + "\r\n"; }
 
 TEST(ClipPaste, PastingOverEqualsPuttingCellByCell) {
     std::mt19937 random(11);
+    QuickWorld world;
     for (int turn = 0; turn < 250; ++turn) {
-        RandomPaste paste(random);
+        RandomPaste paste(world, random);
         pasteOver(paste.world.zormod);
         const CodePage& page = paste.world.codePage;
         std::string backup = line(" " + std::to_string(paste.first) + " ");
@@ -113,12 +114,13 @@ TEST(ClipPaste, PastingOverEqualsPuttingCellByCell) {
 
 TEST(ClipPaste, PastingByInsertionEqualsInsertingAndThenFilling) {
     std::mt19937 random(12);
+    QuickWorld world;
+    QuickWorld two;
     for (int turn = 0; turn < 250; ++turn) {
-        RandomPaste paste(random);
+        RandomPaste paste(world, random);
         ASSERT_NO_THROW(pasteInsert(paste.world.zormod));
 
         // The two steps one after the other, on a second table.
-        RecordWorld two;
         two.rows({{u"x", u"L", 1}}, paste.rows);
         two.stand(paste.first, 0);
         ASSERT_EQ(insertRecords(two.zormod, paste.records), BulkEnd::done);
@@ -143,8 +145,9 @@ TEST(ClipPaste, PastingByInsertionEqualsInsertingAndThenFilling) {
 
 TEST(ClipPaste, TakingAPasteBackRestoresTheRowsUpToTheLastItem) {
     std::mt19937 random(13);
+    QuickWorld world;
     for (int turn = 0; turn < 200; ++turn) {
-        RandomPaste paste(random);
+        RandomPaste paste(world, random);
         pasteOver(paste.world.zormod);
         const std::size_t records = paste.world.onDisk().size();
         paste.world.dialogs.answers = {Answer::ok};

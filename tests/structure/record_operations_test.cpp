@@ -29,8 +29,8 @@ const std::string blank = ended("");
 
 TEST(RecordOperations, InsertingEqualsPuttingBlankRowsIntoAList) {
     std::mt19937 random(1);
+    QuickWorld world;
     for (int turn = 0; turn < 250; ++turn) {
-        RecordWorld world;
         Rows rows = randomRows(random);
         world.rows(randomItems(random), rows, random() % 2 == 0 ? "tail" : "");
         const auto record = static_cast<std::int32_t>(1 + random() % (rows.size() + 1));
@@ -46,8 +46,8 @@ TEST(RecordOperations, InsertingEqualsPuttingBlankRowsIntoAList) {
 
 TEST(RecordOperations, DeletingEqualsErasingFromAList) {
     std::mt19937 random(2);
+    QuickWorld world;
     for (int turn = 0; turn < 250; ++turn) {
-        RecordWorld world;
         Rows rows = randomRows(random);
         rows.push_back(randomRow(random, 256));
         world.rows(randomItems(random), rows, random() % 2 == 0 ? "tail" : "");
@@ -69,8 +69,8 @@ TEST(RecordOperations, DeletingEqualsErasingFromAList) {
 
 TEST(RecordOperations, MovingEqualsTakingOutAndPuttingInFrontOfThePointer) {
     std::mt19937 random(3);
+    QuickWorld world;
     for (int turn = 0; turn < 400; ++turn) {
-        RecordWorld world;
         Rows rows = randomRows(random);
         rows.push_back(randomRow(random, 256));
         world.rows(randomItems(random), rows);
