@@ -71,9 +71,9 @@ int main(int argc, char** argv) {
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
-    addStructureForms(forms, context);
     addKeyGuides(forms, context);
     Routines routines(zormod);
+    addStructureForms(forms, context, routines.pointer, routines.width);
     addTextViewer(forms, context, routines.viewer);
     printer.setTalk(printTalk(context));
 

@@ -1,7 +1,9 @@
 #include "app/commands.h"
 
+#include "app/pointer_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
+#include "app/width_commands.h"
 #include "edit/jumps.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
@@ -75,4 +77,6 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindPointerCommands(commands, routines.pointer);
+    bindWidthCommands(commands, routines.width, edit);
 }

@@ -5,10 +5,13 @@
 #include "edit/input_box.h"
 #include "edit/status_update.h"
 #include "output/text_viewer.h"
+#include "structure/pointer_choice.h"
+#include "structure/width_change.h"
 
 /// One of each, on the same shared state.
 struct Routines {
-    explicit Routines(ZORMOD& state) : zormod(state), edit(state), inputBox(edit), viewer(state) {
+    explicit Routines(ZORMOD& state)
+        : zormod(state), edit(state), inputBox(edit), viewer(state), pointer(edit), width(edit) {
         connectPositionBoxes(edit);
     }
 
@@ -16,4 +19,6 @@ struct Routines {
     EditScreen edit;
     InputBox inputBox;
     TextViewer viewer;
+    PointerChoice pointer;
+    WidthChange width;
 };

@@ -4,6 +4,7 @@
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/commands.h"
 #include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
@@ -38,18 +39,36 @@ void leaveRow(EditScreen& edit) {
     commitRecord(edit.zormod);
 }
 
+/// The focus in the box that takes the keys: that of the pointer's form while a target is being chosen.
+void giveKeyBoxFocus(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        edit.zormod.platform.commands.run(focusPointerBoxCommand);
+    } else {
+        giveInputBoxFocus(edit);
+    }
+}
+
+void arrive(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        showCurrentCell(edit);
+        edit.zormod.platform.commands.run(pointerJumpedCommand);
+    } else {
+        showCurrentCellAtRest(edit);
+    }
+}
+
 /// A jump between records ends the ID numbering: the counter belongs to the row that was left.
 void standOnRecord(EditScreen& edit, std::int32_t record) {
     ZORMOD& zormod = edit.zormod;
     zormod.input.idAutoOn = 0;
     zormod.position.curRecord = record;
     refillWindow(zormod, record);
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 void standOnItem(EditScreen& edit, std::int16_t item) {
     edit.zormod.position.curItem = item;
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 /// A jump ends a task, but not the choosing of a range or of a target: those go on behind it.
@@ -71,14 +90,14 @@ void mnuJUMP(EditScreen& edit) {
                   u"指定記録へ移動", zormod.position.curRecord);
     endTask(zormod);
     if (!asked) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     // Compared before it is narrowed: a number of any size has its place.
     const std::int32_t target = roundTo32(std::clamp<double>(*asked, 0, INT32_MAX));
     if (target <= 0) {
         zormod.platform.beeper.beep();
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     leaveRow(edit);
@@ -96,7 +115,7 @@ void mnuHJ(EditScreen& edit) {
                                  u"指定項目へ移動", zormod.position.curItem);
     endTask(zormod);
     if (!asked) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     goToItem(edit, roundTo16(std::clamp<double>(*asked, 0, zormod.items.itemCount)));

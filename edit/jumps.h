@@ -4,6 +4,10 @@
 
 #include "edit/edit_screen.h"
 
+/// Run at the end of every jump while the target of a move or a copy is being chosen: the pointer follows the current
+/// cell, and the keys stay with the pointer's form.
+inline constexpr TextView pointerJumpedCommand = u"pointerJumped";
+
 /// `mnuJUMP`: asks for a record number; a sign in front makes it relative. 0 or less beeps, past the end is the last.
 void mnuJUMP(EditScreen& edit);
 /// `mnuHJ`: asks for an item number; a sign in front makes it relative. Never beeps: it stops at the ends.
