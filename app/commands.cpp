@@ -1,6 +1,7 @@
 #include "app/commands.h"
 
 #include "app/pointer_commands.h"
+#include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "app/width_commands.h"
@@ -79,4 +80,5 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindStructureCommands(commands, edit);
     bindPointerCommands(commands, routines.pointer);
     bindWidthCommands(commands, routines.width, edit);
+    bindRecordCommands(commands, edit);
 }

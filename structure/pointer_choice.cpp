@@ -99,12 +99,12 @@ void PointerChoice::startBlock(TextView task) {
     blockFrom(task, PointerStart::byKey);
 }
 
-bool PointerChoice::needsKind(std::int16_t kind, TextView text, TextView title) {
+bool PointerChoice::hasRange(std::int16_t kind, MissingRange missing) {
     if (beepsWithoutTable(zormod_)) {
         return false;
     }
     if (zormod_.selection.selectionKind != kind) {
-        zormod_.platform.dialogs.showMessage(Text(text), Text(title));
+        tellMissingRange(zormod_, missing);
         return false;
     }
     putTypedTextAway();
@@ -112,7 +112,7 @@ bool PointerChoice::needsKind(std::int16_t kind, TextView text, TextView title) 
 }
 
 void PointerChoice::mnuMITEM() {
-    if (!needsKind(itemKind, u"Alt+←→で項目範囲を指定した上で、本ﾒﾆｭｰを選択して下さい", u"項目範囲の先指定")) {
+    if (!hasRange(itemKind, MissingRange::items)) {
         return;
     }
     const auto behind = itemPlace(Towards::end);
@@ -125,7 +125,7 @@ void PointerChoice::mnuMITEM() {
 }
 
 void PointerChoice::mnuMREC() {
-    if (!needsKind(recordKind, u"Alt+↓↑で記録範囲を指定した上で、本ﾒﾆｭｰを選択して下さい", u"記録範囲の先指定")) {
+    if (!hasRange(recordKind, MissingRange::records)) {
         return;
     }
     const auto behind = recordPlace(Towards::end);
@@ -138,13 +138,13 @@ void PointerChoice::mnuMREC() {
 }
 
 void PointerChoice::mnuCOPY() {
-    if (needsKind(blockKind, u"shift+矢印で範囲を指定した上で、本ﾒﾆｭｰを選択して下さい", u"範囲の先指定")) {
+    if (hasRange(blockKind, MissingRange::blockToCopy)) {
         blockFrom(u"copy", PointerStart::byMenu);
     }
 }
 
 void PointerChoice::mnuMOVE() {
-    if (needsKind(blockKind, u"shift+矢印で範囲を指定した上で、本ﾒﾆｭｰを選択して下さい", u"範囲の先指定")) {
+    if (hasRange(blockKind, MissingRange::blockToCopy)) {
         blockFrom(u"move", PointerStart::byMenu);
     }
 }

@@ -9,6 +9,7 @@
 #include "edit/edit_screen.h"
 #include "platform/keys.h"
 #include "structure/pointer_texts.h"
+#include "structure/range_questions.h"
 
 #include <functional>
 #include <optional>
@@ -60,7 +61,7 @@ public:
 
 private:
     void putTypedTextAway();
-    bool needsKind(std::int16_t kind, TextView text, TextView title);
+    bool hasRange(std::int16_t kind, MissingRange missing);
     std::optional<std::int16_t> itemPlace(Towards side) const;
     std::optional<std::int32_t> recordPlace(Towards side);
     void moveItemsFrom(std::int16_t place, PointerStart start);

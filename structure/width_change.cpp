@@ -164,6 +164,8 @@ void WidthChange::takeWidthsAsRead() {
 void WidthChange::apply() {
     if (isGoingOn()) {
         rewrite();
+        // That the records are written is what the user is to hear, not the name of the box.
+        edit_.readingState = ReadingState::cellSaid;
     }
     leave();
 }
