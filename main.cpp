@@ -5,6 +5,7 @@
 #include "app/entry.h"
 #include "app/menus.h"
 #include "edit/forms/Form1.h"
+#include "edit/forms/range_forms.h"
 #include "output/forms/frmHelp.h"
 #include "output/forms/print_talk.h"
 #include "platform/code_page.h"
@@ -75,6 +76,7 @@ int main(int argc, char** argv) {
     Routines routines(zormod);
     addStructureForms(forms, context, routines.pointer, routines.width);
     addTextViewer(forms, context, routines.viewer);
+    addRangeForms(forms, context, routines.rangeDrawing);
     printer.setTalk(printTalk(context));
 
     bindCommands(commands, routines);

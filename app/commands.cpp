@@ -1,6 +1,7 @@
 #include "app/commands.h"
 
 #include "app/pointer_commands.h"
+#include "app/range_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
@@ -76,6 +77,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindRangeCommands(commands, routines);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindPointerCommands(commands, routines.pointer);

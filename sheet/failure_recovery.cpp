@@ -52,6 +52,7 @@ void putStateRight(ZORMOD& zormod, const RuntimeFailure& failure) {
         }
         zormod.selection = {};
         zormod.platform.screen.hideMask();
+        // What was being drawn or moved is gone; the task word is empty, so they close without a word.
         zormod.platform.forms.close(u"frmHANI");
         zormod.platform.forms.close(u"frmMSSG");
         readTableAgain(zormod);

@@ -24,7 +24,6 @@ namespace {
 constexpr std::int16_t blockKind = 1;
 constexpr std::int16_t recordKind = 2;
 constexpr std::int16_t itemKind = 3;
-constexpr TextView formName = u"frmMSSG";
 
 void sortEnds(Selection& range) {
     if (range.selRecordFrom > range.selRecordTo) {
@@ -176,7 +175,7 @@ void PointerChoice::open(PointerStart start) {
     showCurrentCell(edit_);
     show(pointerLine(zormod_, PointerLine::first));
     paintMasks();
-    zormod_.platform.forms.open(formName);
+    zormod_.platform.forms.open(pointerForm);
 }
 
 KeyOutcome PointerChoice::keyDown(const KeyStroke& stroke) {
@@ -306,26 +305,22 @@ void PointerChoice::focusBox() {
 }
 
 void PointerChoice::paintMasks() {
+    paintRange(zormod_);
     const Selection& range = zormod_.selection;
     const Position& at = zormod_.position;
-    const std::int32_t records = std::max(1, recordCount(zormod_));
-    const std::int16_t items = zormod_.items.itemCount;
-    CellRange source{range.selRecordFrom, range.selRecordTo, range.selItemFrom, range.selItemTo};
+    const std::int16_t lastItem = zormod_.items.itemCount;
     CellRange target{at.curRecord, at.curRecord, at.curItem, at.curItem};
-    MaskKind kind = MaskKind::wholes;
     if (zormod_.taskWord == u"moveitem") {
-        source.firstRecord = target.firstRecord = 1;
-        source.lastRecord = target.lastRecord = records;
+        target.firstRecord = 1;
+        target.lastRecord = lastRecord(zormod_);
     } else if (zormod_.taskWord == u"moverecord") {
-        source.firstItem = target.firstItem = 0;
-        source.lastItem = target.lastItem = items;
+        target.firstItem = 0;
+        target.lastItem = lastItem;
     } else {
-        kind = MaskKind::block;
-        const int lastItem = at.curItem + range.selItemTo - range.selItemFrom;
-        target.lastRecord = std::max(at.curRecord, std::min(records, at.curRecord + source.lastRecord - source.firstRecord));
-        target.lastItem = static_cast<std::int16_t>(std::min<int>(items, lastItem));
+        const std::int32_t end = at.curRecord + range.selRecordTo - range.selRecordFrom;
+        target.lastRecord = std::max(at.curRecord, std::min(lastRecord(zormod_), end));
+        target.lastItem = static_cast<std::int16_t>(std::min<int>(lastItem, at.curItem + range.selItemTo - range.selItemFrom));
     }
-    zormod_.platform.screen.paintMask(kind, source);
     zormod_.platform.screen.paintMask(MaskKind::target, target);
 }
 
@@ -379,7 +374,6 @@ void PointerChoice::closed() {
 void PointerChoice::leave() {
     zormod_.taskWord.clear();
     dropRange(zormod_);
-    zormod_.platform.forms.close(formName);
     if (hasTable(zormod_)) {
         refillWindow(zormod_, zormod_.position.curRecord);
     }

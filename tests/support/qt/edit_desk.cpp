@@ -1,6 +1,7 @@
 #include "support/qt/edit_desk.h"
 
 #include "app/menus.h"
+#include "edit/forms/range_forms.h"
 #include "edit/status_update.h"
 #include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
@@ -24,6 +25,7 @@ EditDesk::EditDesk()
     addStructureForms(formTable, context, routines.pointer, routines.width);
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, routines.viewer);
+    addRangeForms(formTable, context, routines.rangeDrawing);
     bindCommands(commands, routines);
     form.showReadingMode(zormod.speech.speechMode);
 }
