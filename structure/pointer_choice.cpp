@@ -256,15 +256,16 @@ void PointerChoice::stepPointer(int step) {
     const std::int32_t first = movesItems ? 0 : 1;
     // Behind the last record there is a place too: the end of the file.
     const std::int32_t last = movesItems ? zormod_.items.itemCount : recordCount(zormod_) + 1;
+    const auto isInRange = [&](std::int32_t at) { return at >= from && at <= to; };
     std::int32_t place = range.moveAnchor + step;
-    const bool leadsInto = place >= from && place <= to;
-    if (leadsInto) {
+    const bool touchesRange = isInRange(place) || isInRange(range.moveAnchor);
+    if (isInRange(place)) {
         place = step > 0 ? to + 1 : from - 1;
     }
     if (place < first || place > last) {
         zormod_.platform.beeper.beep();
         // The range lies at the edge, and the pointer may not rest in it.
-        place = !leadsInto ? range.moveAnchor : step > 0 ? from - 1 : to + 1;
+        place = !touchesRange ? range.moveAnchor : step > 0 ? from - 1 : to + 1;
     }
     if (movesItems) {
         zormod_.position.curItem = static_cast<std::int16_t>(place);

@@ -7,19 +7,10 @@
 
 #include <algorithm>
 
-namespace {
-
-BytesView cellBytes(BytesView record, const ItemTable& items, std::int16_t item) {
-    const auto from = static_cast<std::size_t>(items.itemStart[item] - 1);
-    return from < record.size() ? record.substr(from, static_cast<std::size_t>(items.itemWidth[item])) : BytesView();
-}
-
-} // namespace
-
 Bytes resizedRecord(BytesView record, const ItemTable& old, const ItemTable& made) {
     Bytes row;
     for (std::int16_t item = 0; item <= made.itemCount; ++item) {
-        row += alignedBytes(Bytes(cellBytes(record, old, item)), static_cast<std::size_t>(made.itemWidth[item]),
+        row += alignedBytes(Bytes(itemSpan(old, record, item, item)), static_cast<std::size_t>(made.itemWidth[item]),
                             made.itemAlign[item] != u"L");
     }
     // A table may come with widths that leave no room for the line end.
