@@ -5,6 +5,7 @@
 #include "app/entry.h"
 #include "app/menus.h"
 #include "edit/forms/Form1.h"
+#include "edit/forms/input_forms.h"
 #include "edit/forms/range_forms.h"
 #include "output/forms/frmHelp.h"
 #include "output/forms/print_talk.h"
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
     addStructureForms(forms, context, routines.pointer, routines.width);
     addTextViewer(forms, context, routines.viewer);
     addRangeForms(forms, context, routines.rangeDrawing);
+    addInputForms(forms, context, routines.edit);
     printer.setTalk(printTalk(context));
 
     bindCommands(commands, routines);

@@ -1,5 +1,8 @@
 #include "app/commands.h"
 
+#include "app/block_commands.h"
+#include "app/input_commands.h"
+#include "app/item_commands.h"
 #include "app/pointer_commands.h"
 #include "app/range_commands.h"
 #include "app/record_commands.h"
@@ -78,9 +81,12 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
     bindRangeCommands(commands, routines);
+    bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindPointerCommands(commands, routines.pointer);
     bindWidthCommands(commands, routines.width, edit);
     bindRecordCommands(commands, edit);
+    bindItemCommands(commands, edit);
+    bindBlockCommands(commands, edit);
 }

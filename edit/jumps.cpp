@@ -1,15 +1,14 @@
 #include "edit/jumps.h"
 
 #include "edit/movement.h"
+#include "edit/number_prompt.h"
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
 #include "platform/commands.h"
-#include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
-#include "transform/width_conversion.h"
 
 #include <algorithm>
 #include <optional>
@@ -18,7 +17,7 @@ namespace {
 
 /// The number asked for, counted from `here` on if the answer begins with a sign; nothing if the user gave up.
 std::optional<double> askNumber(ZORMOD& zormod, const Text& prompt, const Text& title, double here) {
-    const Text answer = trimmed(toHalfWidth(zormod.platform.dialogs.askText(prompt, title, {})));
+    const Text answer = askTrimmed(zormod, prompt, title, {});
     if (answer.empty()) {
         return {};
     }

@@ -1,6 +1,7 @@
 #include "support/qt/edit_desk.h"
 
 #include "app/menus.h"
+#include "edit/forms/input_forms.h"
 #include "edit/forms/range_forms.h"
 #include "edit/status_update.h"
 #include "output/forms/frmHelp.h"
@@ -26,6 +27,7 @@ EditDesk::EditDesk()
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, routines.viewer);
     addRangeForms(formTable, context, routines.rangeDrawing);
+    addInputForms(formTable, context, edit);
     bindCommands(commands, routines);
     form.showReadingMode(zormod.speech.speechMode);
 }
