@@ -61,7 +61,8 @@ frmMSSG::frmMSSG(const FormContext& context, PointerChoice& choice, QWidget* own
     choice_.onChanged([this] { showTexts(); });
     choice_.onFocus([this] { spoken().giveFocus(*box_); });
     box_->setFocus();
-    resize(560, sizeHint().height());
+    constexpr int formWidth = 560;
+    resize(formWidth, layout->totalHeightForWidth(formWidth)); // the instructions wrap, and none of their lines is cut off
     // The key that began the choice takes no step, and Enter on a menu entry, held a little long, must not carry it out.
     context.heldKeys.muteHeld();
 }
