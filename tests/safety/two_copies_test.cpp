@@ -3,6 +3,7 @@
 #include "safety/writing_operations.h"
 #include "sheet/bulk_rewrite.h"
 #include "sheet/record_file.h"
+#include "sheet/record_window.h"
 #include "support/forked_child.h"
 
 #include <gtest/gtest.h>
