@@ -88,7 +88,7 @@ void commitRecord(ZORMOD& zormod) {
         writeCurrentRow(zormod, record);
     } catch (RuntimeFailure& failure) {
         // Also when nothing but a look at the file has failed: the row stays in the window, and the next leave writes it.
-        failure.rowWrite = true;
+        failure.rowWrite = failure.kind == FailureKind::file;
         unsure = record;
         throw;
     }
