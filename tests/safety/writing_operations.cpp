@@ -7,8 +7,10 @@
 #include "start/file_choice.h"
 #include "start/model_files.h"
 #include "start/table_opening.h"
+#include "structure/block_operations.h"
 #include "structure/clip_file.h"
 #include "structure/design_accept.h"
+#include "structure/item_operations.h"
 #include "structure/record_operations.h"
 #include "voice/program_end.h"
 
@@ -90,10 +92,12 @@ void select(ZORMOD& zormod, std::int32_t from, std::int32_t to) {
     zormod.selection = {.selectionKind = 2, .selRecordFrom = from, .selRecordTo = to, .selItemFrom = 0, .selItemTo = 1};
 }
 
-/// Copies the records 1..3 over 4..6 and behind the end, as the operations on blocks do.
-void copyBlock(ZORMOD& zormod) {
+/// Changes record 2, which is the one that is edited meanwhile, and copies the records 1..3 over 6 and 7 and behind the
+/// end, as a paste does.
+void copyBehindTheEnd(ZORMOD& zormod) {
     changeInPlace(zormod, {.name = u"記録移動中", .spans = {{1, 3}, {6, 8}}}, [](RecordChanges& run) {
         Bytes record;
+        run.write(2, "changed");
         for (std::int32_t i = 0; i < 3 && run.nextRound(); ++i) {
             run.read(1 + i, record);
             run.write(6 + i, record);
@@ -117,7 +121,32 @@ void addRecordOperations(std::vector<WritingOperation>& list) {
                         makeClip(zormod);
                     }});
     list.push_back({.name = "Records are changed in place",
-                    .run = [](TestWorld&, ZORMOD& zormod) { copyBlock(zormod); }});
+                    .run = [](TestWorld&, ZORMOD& zormod) { copyBehindTheEnd(zormod); }});
+}
+
+/// The block of the records 2..5, to be put where it overlaps itself.
+void selectBlock(ZORMOD& zormod) {
+    zormod.selection = {.selectionKind = 1, .selRecordFrom = 2, .selRecordTo = 5, .selItemFrom = 0, .selItemTo = 1};
+    zormod.position.curRecord = 4;
+    zormod.position.curItem = 1;
+}
+
+void addItemAndBlockOperations(std::vector<WritingOperation>& list) {
+    list.push_back({.name = "Items are inserted", .run = [](TestWorld&, ZORMOD& zormod) { insertItems(zormod, 1, 1); }});
+    list.push_back({.name = "Items are deleted", .run = [](TestWorld&, ZORMOD& zormod) { deleteItems(zormod, 0, 0); }});
+    list.push_back({.name = "Items are moved", .run = [](TestWorld&, ZORMOD& zormod) { moveItems(zormod, 1, 1, 0); }});
+    list.push_back({.name = "A block is copied", .run = [](TestWorld&, ZORMOD& zormod) {
+                        selectBlock(zormod);
+                        copyBlock(zormod);
+                    }});
+    list.push_back({.name = "A block is moved", .run = [](TestWorld&, ZORMOD& zormod) {
+                        selectBlock(zormod);
+                        moveBlock(zormod);
+                    }});
+    list.push_back({.name = "A range is cleared",
+                    .prepare = [](TestWorld& world) { world.writeFile("ZORCLip", " 1 \r\n"); },
+                    .run = [](TestWorld&, ZORMOD& zormod) { clearRange(zormod, 2, 5, 1, 1); },
+                    .first = {"ZORCLip"}});
 }
 
 std::vector<WritingOperation> makeList() {
@@ -141,6 +170,7 @@ std::vector<WritingOperation> makeList() {
     list.push_back({.name = "Rewrite beside the table, own items",
                     .run = [](TestWorld&, ZORMOD& zormod) { widenInPlace(zormod); }});
     addRecordOperations(list);
+    addItemAndBlockOperations(list);
     list.push_back({.name = "A new table is designed",
                     .run = makeNewTable,
                     .pairs = {{"t.txt", "kt.txt"}, {"n.txt", "kn.txt"}},
