@@ -1,6 +1,7 @@
 #include "app/commands.h"
 
 #include "app/block_commands.h"
+#include "app/clip_commands.h"
 #include "app/input_commands.h"
 #include "app/item_commands.h"
 #include "app/range_commands.h"
@@ -83,6 +84,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
     bindRecordCommands(commands, edit);
+    bindClipCommands(commands, edit);
     bindItemCommands(commands, edit);
     bindBlockCommands(commands, edit);
 }

@@ -235,7 +235,7 @@ TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
         walk(desk);
         isWalked = true;
     });
-    desk.dialogs.openProgress(u"行挿入中", {});
+    desk.dialogs.openProgress(u"行挿入中", {}, true);
     for (int i = 0; i < 3; ++i) {
         desk.settle();
     }

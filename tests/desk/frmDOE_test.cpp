@@ -219,7 +219,7 @@ TEST(FrmDOE, AFailureInTheLoopClosesIt) {
 TEST(FrmDOE, TakesACaptionOfItsCallersOwn) {
     ProgressDesk desk;
     desk.inNextModal([&] { EXPECT_EQ(desk.title(), "データ印刷中\""); });
-    desk.dialogs.openProgress(u"n", u"データ印刷中\"");
+    desk.dialogs.openProgress(u"n", u"データ印刷中\"", true);
     desk.settle();
     desk.settle();
     desk.dialogs.closeProgress();
