@@ -73,9 +73,9 @@ int main(int argc, char** argv) {
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
-    addStructureForms(forms, context);
     addKeyGuides(forms, context);
     Routines routines(zormod);
+    addStructureForms(forms, context, routines.pointer, routines.width);
     addTextViewer(forms, context, routines.viewer);
     addRangeForms(forms, context, routines.rangeDrawing);
     addInputForms(forms, context, routines.edit);

@@ -4,10 +4,12 @@
 #include "app/clip_commands.h"
 #include "app/input_commands.h"
 #include "app/item_commands.h"
+#include "app/pointer_commands.h"
 #include "app/range_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
+#include "app/width_commands.h"
 #include "edit/jumps.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
@@ -83,6 +85,8 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindPointerCommands(commands, routines.pointer);
+    bindWidthCommands(commands, routines.width, edit);
     bindRecordCommands(commands, edit);
     bindClipCommands(commands, edit);
     bindItemCommands(commands, edit);

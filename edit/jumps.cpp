@@ -5,6 +5,8 @@
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/commands.h"
+#include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -29,18 +31,36 @@ void leaveRow(EditScreen& edit) {
     commitRecord(edit.zormod);
 }
 
+/// The focus in the box that takes the keys: that of the pointer's form while a target is being chosen.
+void giveKeyBoxFocus(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        edit.zormod.platform.commands.run(focusPointerBoxCommand);
+    } else {
+        giveInputBoxFocus(edit);
+    }
+}
+
+void arrive(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        showCurrentCell(edit);
+        edit.zormod.platform.commands.run(pointerJumpedCommand);
+    } else {
+        showCurrentCellAtRest(edit);
+    }
+}
+
 /// A jump between records ends the ID numbering: the counter belongs to the row that was left.
 void standOnRecord(EditScreen& edit, std::int32_t record) {
     ZORMOD& zormod = edit.zormod;
     zormod.input.idAutoOn = 0;
     zormod.position.curRecord = record;
     refillWindow(zormod, record);
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 void standOnItem(EditScreen& edit, std::int16_t item) {
     edit.zormod.position.curItem = item;
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 /// A jump ends a task, but not the choosing of a range or of a target: those go on behind it.
@@ -90,12 +110,12 @@ void mnuJUMP(EditScreen& edit) {
     const auto target = askForRecord(zormod);
     endTask(zormod);
     if (!target) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     if (*target <= 0) {
         zormod.platform.beeper.beep();
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     leaveRow(edit);
@@ -110,7 +130,7 @@ void mnuHJ(EditScreen& edit) {
     const auto target = askForItem(zormod);
     endTask(zormod);
     if (!target) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     goToItem(edit, *target);

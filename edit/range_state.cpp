@@ -8,7 +8,11 @@
 #include <array>
 
 bool isBeingChosen(const Text& taskWord) {
-    static constexpr std::array<TextView, 5> words = {u"HTYU", u"copy", u"move", u"moveitem", u"moverecord"};
+    return taskWord == u"HTYU" || isTargeting(taskWord);
+}
+
+bool isTargeting(const Text& taskWord) {
+    static constexpr std::array<TextView, 4> words = {u"copy", u"move", u"moveitem", u"moverecord"};
     return std::find(words.begin(), words.end(), taskWord) != words.end();
 }
 

@@ -7,6 +7,9 @@
 /// True while keys, not clicks or plain jumps, draw a range or look for the target of a move or a copy.
 bool isBeingChosen(const Text& taskWord);
 
+/// True while the target of a move or a copy is being chosen.
+bool isTargeting(const Text& taskWord);
+
 /// Shows the selected range in the view in force, in the colour of its kind. Ends outside the table are put right: items
 /// end with the last item, records with the last record, and in an empty file both ends are record 1. Ends may be the
 /// wrong way round. Nothing is shown without a range.

@@ -89,6 +89,10 @@ void sideBoxTyped(EditScreen& edit, PanelField field, const Text& text) {
         } else {
             showItemNumber(edit);
         }
+    } else if (field == PanelField::txtWIDTH) {
+        edit.txtWIDTH = text;
+    } else if (field == PanelField::txtLR) {
+        edit.txtLR = text;
     }
 }
 

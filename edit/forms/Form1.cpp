@@ -104,6 +104,8 @@ void Form1::labelUsed(PanelLabel label) {
         return commands.run(u"mnuIDAUTO");
     case PanelLabel::Label6:
         return commands.run(u"Label6");
+    case PanelLabel::lblWIDTH:
+        return commands.run(u"mnuFLN");
     }
 }
 

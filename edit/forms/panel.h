@@ -15,7 +15,7 @@ class KeyLineEdit;
 class QLabel;
 
 /// A label that a mouse can be used on.
-enum class PanelLabel { Label2, Label3, Label4, Label6, lblJITEM };
+enum class PanelLabel { Label2, Label3, Label4, Label6, lblJITEM, lblWIDTH };
 
 /// The panel.
 class Panel : public QScrollArea {
