@@ -93,7 +93,9 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
 /// The open table goes on under its changed design.
 void goOnWithTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
-    readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
+        throw RuntimeFailure{.kind = FailureKind::file, .isTold = true}; // the refusal has told the user
+    }
     computeItemStart(zormod.items);
     const Position& before = design.before.position;
     Position& position = zormod.position;

@@ -47,6 +47,9 @@ bool lock(const Descriptor& file) {
 
 bool isNamed(const std::string& path, const Descriptor& file) {
     const std::optional<Status> named = statusOf(path);
+    if (!named && errno != ENOENT) {
+        failFile();
+    }
     return named && inodeOf(*named) == inodeOf(statusOf(file));
 }
 
@@ -75,8 +78,13 @@ HiddenFile makeHiddenFile(const std::string& folder, mode_t mode) {
         }
         // Between these two lines another copy may have taken it for a leftover; then the next one has to do.
         const bool isOurs = lock(file) || errno != EWOULDBLOCK;
-        if (isOurs && isNamed(path, file)) {
-            return {path, std::move(file)};
+        try {
+            if (isOurs && isNamed(path, file)) {
+                return {path, std::move(file)};
+            }
+        } catch (...) {
+            unlink(path.c_str());
+            throw;
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "fuzz/targets.h"
 
+#include "edit/range_list.h"
 #include "platform/failure.h"
 #include "platform/number_picture.h"
 #include "platform/number_text.h"
@@ -9,6 +10,7 @@
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
 #include "sheet/swap_record.h"
+#include "structure/clip_paste.h"
 #include "structure/design_reference.h"
 #include "support/test_world.h"
 #include "transform/width_conversion.h"
@@ -137,12 +139,56 @@ void openBeside(BytesView bytes, const char* name) {
 void readSwapRecord(BytesView bytes) { openBeside(bytes, ".swap-t.txt"); }
 void readChangeJournal(BytesView bytes) { openBeside(bytes, ".change-t.txt"); }
 
+/// What the table of readItemFiles's world needs for a paste; its rows are put back before each.
+void paste(BytesView bytes, const char* name, void (*operation)(ZORMOD&)) {
+    TestWorld& here = world();
+    ZORMOD& zormod = here.zormod;
+    here.writeFile("t.txt", Bytes(5 * recordLength, 'a'));
+    here.writeFile("kt.txt", "100  ' 0,memo,, 1\r\n1000 'ID,L\r\n1001 'x,R\r\n2000 ' 4\r\n2001 ' 8\r\n");
+    here.writeFile(name, bytes);
+    const Text path = zormod.file.programFolder + u"t.txt";
+    zormod.file.fileName = path.substr(2);
+    zormod.file.fileDrive = path.substr(0, 1);
+    mustHold(readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty());
+    openDataFile(zormod);
+    fillFirstWindow(zormod);
+    zormod.position.curRecord = 2;
+    here.dialogs.answers = {Answer::ok};
+    mayFail([&] { operation(zormod); });
+    here.dialogs.closeProgress();
+    here.dialogs.answers.clear();
+    closeAllFiles(zormod);
+    zormod.files.tableLock.reset();
+    zormod.file.fileName.clear();
+    // Pasting never takes a record away, and every record that it writes is whole.
+    const std::string now = here.bytesOf("t.txt");
+    mustHold(now.size() >= 5U * recordLength && now.size() % recordLength == 0);
+}
+
+void readClipFile(BytesView bytes) {
+    paste(bytes, "ZORCLip", pasteOver);
+    paste(bytes, "ZORCLip", pasteInsert);
+}
+void readClipBackup(BytesView bytes) { paste(bytes, "ZORCLip.bak", undoPaste); }
+
+void readRangeList(BytesView bytes) {
+    Text text = codePage().decode(bytes);
+    Text checked = text;
+    const bool isValid = checkRangeList(checked, RangeKind::records, 1000).empty();
+    while (const auto block = nextRangeBlock(text)) {
+        mustHold(block->first <= block->last);
+        mustHold(!isValid || (block->first >= 1 && block->last <= 1000));
+    }
+    mustHold(text.empty());
+}
+
 } // namespace
 
 const std::vector<FuzzTarget>& fuzzTargets() {
     static const std::vector<FuzzTarget> all = {
         {"code_page", readCodePage},       {"item_file", readItemFiles},   {"settings", readSettings},
         {"numbers", readNumbers},          {"swap_record", readSwapRecord}, {"change_journal", readChangeJournal},
+        {"clip_file", readClipFile},       {"clip_backup", readClipBackup}, {"range_list", readRangeList},
     };
     return all;
 }

@@ -8,6 +8,7 @@
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -62,7 +63,9 @@ std::size_t runGuarded(TestWorld& world, ZORMOD& zormod, const std::function<voi
         } catch (const RuntimeFailure&) {
             // Reported once, below.
         }
-        world.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle));
+        if (!failure.isTold) {
+            world.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle));
+        }
     }
     return world.dialogs.messages.size();
 }
@@ -119,6 +122,14 @@ std::vector<std::string> stateProblems(TestWorld& world, ZORMOD& zormod, bool ro
         expect(bytes == zormod.window.recordWindow[rowSlot(row)], "row " + std::to_string(row) + " is not the file's");
     }
     return problems;
+}
+
+/// True if the operation has done its work; what is left to tidy at the next opening may stand beside it.
+bool isDone(const FolderImage& now, const CleanRun& clean) {
+    const auto hasAll = [&](const auto& file) { return now.contains(file.first) && now.at(file.first) == file.second; };
+    const auto isGone = [&](const auto& file) { return clean.after.contains(file.first) || !now.contains(file.first); };
+    return std::all_of(clean.after.begin(), clean.after.end(), hasAll) &&
+           std::all_of(clean.before.begin(), clean.before.end(), isGone);
 }
 
 /// One loop of an operation over the states and the faults, with its report.
@@ -209,11 +220,11 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
         if (!met) {
             return false;
         }
-        // What fails again while the state is put right may be told a second time, by the refusal of the item file.
-        if (told > (fault.fromThenOn ? 2U : 1U)) {
+        // On a disk that fails for good each routine that meets it says so, the refusal of the item file among them.
+        if (told > (fault.fromThenOn ? 3U : 1U)) {
             judge(where, {"the user was told " + std::to_string(told) + " times"});
         }
-        if (told == 0 && imageOf(folder()) != clean_.after) {
+        if (told == 0 && !isDone(imageOf(folder()), clean_)) {
             judge(where, {"the user was not told"});
         }
         judge(where, stateProblems(world_, zormod, operation_.writesRow, operation_.formMayStay));
@@ -332,6 +343,9 @@ void FaultRuns::spoilRecovery() {
 }
 
 void FaultRuns::changeMeanwhile() {
+    if (operation_.next) {
+        return; // the table t.txt is not what it is about
+    }
     const std::set<std::string> table = {"t.txt", "kt.txt"};
     for (const FolderImage& image : unfinishedStates()) {
         if (!image.contains("t.txt") || !image.contains("kt.txt")) {
@@ -347,18 +361,23 @@ void FaultRuns::changeMeanwhile() {
         if (imageOf(folder()).at("t.txt") != changed["t.txt"] || imageOf(folder()).at("kt.txt") != changed["kt.txt"]) {
             judge("brought back", {"the recovery wrote to it"});
         }
-        // A record edited by another program.
-        changed = image;
-        constexpr std::size_t at = recordLength + 5;
-        changed["t.txt"].replace(at, 3, "ABC");
-        restore(folder(), changed);
-        {
+        // A record edited by another program: that record is theirs, whatever becomes of the others.
+        for (const std::size_t record : {1U, 3U, 6U}) {
+            changed = image;
+            const std::size_t at = record * recordLength + 5;
+            if (at + 3 > changed["t.txt"].size()) {
+                continue;
+            }
+            changed["t.txt"].replace(at, 3, "ABC");
+            restore(folder(), changed);
             RunningCopy copy(world_);
             runGuarded(world_, copy.zormod, [&] { copy.open("t.txt"); });
             closeTable(copy.zormod);
-        }
-        if (imageOf(folder()).at("t.txt") != changed["t.txt"] || imageOf(folder()).at("kt.txt") != changed["kt.txt"]) {
-            judge("edited", {"the recovery wrote to it"});
+            const FolderImage now = imageOf(folder());
+            if (now.at("t.txt").compare(at, 3, "ABC") != 0) {
+                judge("edited", {"the recovery wrote over record " + std::to_string(record + 1)});
+            }
+            ++report_.points;
         }
         // Moved to another folder, with the hidden files beside it.
         changed.clear();
@@ -376,7 +395,7 @@ void FaultRuns::changeMeanwhile() {
             back[name.starts_with("moved/") ? name.substr(6) : name] = bytes;
         }
         judge("moved", problemsOf(back, clean_.before, clean_.after, operation_));
-        report_.points += 3;
+        report_.points += 2;
     }
 }
 

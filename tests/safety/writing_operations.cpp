@@ -7,11 +7,14 @@
 #include "start/file_choice.h"
 #include "start/model_files.h"
 #include "start/table_opening.h"
+#include "structure/alignment_change.h"
 #include "structure/block_operations.h"
 #include "structure/clip_file.h"
+#include "structure/clip_paste.h"
 #include "structure/design_accept.h"
 #include "structure/item_operations.h"
 #include "structure/record_operations.h"
+#include "structure/width_rewrite.h"
 #include "voice/program_end.h"
 
 namespace {
@@ -149,13 +152,59 @@ void addItemAndBlockOperations(std::vector<WritingOperation>& list) {
                     .first = {"ZORCLip"}});
 }
 
+void addWidthOperations(std::vector<WritingOperation>& list) {
+    list.push_back({.name = "The widths are changed", .run = [](TestWorld&, ZORMOD& zormod) {
+                        const auto before = zormod.items.itemWidth;
+                        zormod.items.itemWidth[1] = 5;
+                        computeItemStart(zormod.items);
+                        rewriteWidths(zormod, before);
+                    }});
+    list.push_back({.name = "The alignment is changed", .run = [](TestWorld&, ZORMOD& zormod) {
+                        EditScreen edit(zormod);
+                        zormod.position.curItem = 1;
+                        edit.txtLR = u"L";
+                        changeAlignment(edit);
+                    }});
+}
+
+/// Two cells of one item each, and what a paste of them over the records 2 and 3 has replaced.
+void makeClipAndBackup(TestWorld& world) {
+    world.writeFile("ZORCLip", " 2 \r\n 1 \r\n 2 \r\n 1 \r\n 1 \r\n\"clip1\"\r\n\"clip2\"\r\n");
+    world.writeFile("ZORCLip.bak", " 2 \r\n\"2   replaced\"\r\n\"3   as well \"\r\n");
+}
+
+void addPasteOperations(std::vector<WritingOperation>& list) {
+    list.push_back({.name = "The clip file is pasted over",
+                    .prepare = makeClipAndBackup,
+                    .run =
+                        [](TestWorld&, ZORMOD& zormod) {
+                            zormod.position = {.curRecord = 6, .curItem = 1};
+                            pasteOver(zormod);
+                        },
+                    .first = {"ZORCLip.bak"}});
+    list.push_back({.name = "The clip file is inserted",
+                    .prepare = makeClipAndBackup,
+                    .run =
+                        [](TestWorld&, ZORMOD& zormod) {
+                            zormod.position = {.curRecord = 3, .curItem = 0};
+                            pasteInsert(zormod);
+                        },
+                    .goneAlone = {"ZORCLip.bak"}}); // the old one means other records as soon as some are inserted
+    list.push_back({.name = "A paste is taken back",
+                    .prepare = makeClipAndBackup,
+                    .run = [](TestWorld& world, ZORMOD& zormod) {
+                        world.dialogs.answers = {Answer::ok};
+                        undoPaste(zormod);
+                    }});
+}
+
 std::vector<WritingOperation> makeList() {
     std::vector<WritingOperation> list;
     list.push_back({.name = "A changed row is left",
                     .run = [](TestWorld&, ZORMOD& zormod) { typeRow(zormod, 3); },
                     .writesRow = true});
     list.push_back({.name = "A new row behind the last is left",
-                    .run = [](TestWorld&, ZORMOD& zormod) { typeRow(zormod, recordCount(zormod) + 1); },
+                    .run = [](TestWorld&, ZORMOD& zormod) { typeRow(zormod, 8); },
                     .writesRow = true});
     list.push_back({.name = "The memo is changed", .run = [](TestWorld&, ZORMOD& zormod) { leaveMemo(zormod); }});
     list.push_back({.name = "Rewrite through the work file, items kept",
@@ -171,6 +220,8 @@ std::vector<WritingOperation> makeList() {
                     .run = [](TestWorld&, ZORMOD& zormod) { widenInPlace(zormod); }});
     addRecordOperations(list);
     addItemAndBlockOperations(list);
+    addWidthOperations(list);
+    addPasteOperations(list);
     list.push_back({.name = "A new table is designed",
                     .run = makeNewTable,
                     .pairs = {{"t.txt", "kt.txt"}, {"n.txt", "kn.txt"}},

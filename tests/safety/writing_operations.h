@@ -31,7 +31,7 @@ struct WritingOperation {
     /// Groups of files that are only together as before the operation or as after it. A file that is in no group is
     /// old or new for itself.
     std::vector<std::set<std::string>> pairs = {{"t.txt", "kt.txt"}};
-    /// Files that may be gone alone, since the operation takes a pair away one by one.
+    /// Files that may be gone alone: the operation takes a pair away one by one, or a file that is out of date first.
     std::set<std::string> goneAlone{};
     /// Files that are new before anything else changes: what is about to be removed from the table is kept in them.
     std::set<std::string> first{};
