@@ -97,7 +97,7 @@ void expectWhole(const State& now, const State& before, const State& after, cons
         if (now.table == after.table) {
             EXPECT_NE(now.backup, before.backup) << where << ": an older backup would put wrong rows back";
         }
-        if (now.table == before.table && before.table.size() != after.table.size()) {
+        if (now.table == before.table && where.starts_with("paste insert")) {
             EXPECT_NE(now.backup, after.backup) << where << ": the new backup would blank rows of the user";
         }
     }
@@ -182,5 +182,5 @@ TEST(RecordFaults, WhatAKillLeavesOfAClipIsGoneAfterTheNext) {
     EXPECT_EQ(world.entries().count(".new-ZORCLip"), 1U);
     operations[3].run(world.copy);
     EXPECT_EQ(world.entries().count(".new-ZORCLip"), 0U);
-    EXPECT_EQ(world.clip().substr(0, 18), " 3 \r\n 2 \r\n 3 \r\n 4");
+    EXPECT_EQ(world.clip().find(" 3 \r\n 2 \r\n 3 \r\n 4 \r\n"), 0U);
 }
