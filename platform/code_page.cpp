@@ -103,8 +103,14 @@ CodePage::CodePage() : singles_{}, pairs_(0x10000, u'\0'), codes_(0x10000, '?') 
 }
 
 Text CodePage::decode(BytesView bytes) const {
-    Text text(bytes.size(), u'\0');
-    std::size_t length = 0;
+    Text text;
+    appendDecoded(text, bytes);
+    return text;
+}
+
+void CodePage::appendDecoded(Text& text, BytesView bytes) const {
+    std::size_t length = text.size();
+    text.resize(length + bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto lead = static_cast<unsigned char>(bytes[i]);
         char16_t unit = 0;
@@ -119,12 +125,17 @@ Text CodePage::decode(BytesView bytes) const {
         text[length++] = unit;
     }
     text.resize(length);
-    return text;
 }
 
 Bytes CodePage::encode(TextView text) const {
-    Bytes bytes(text.size() * 2, '\0');
-    std::size_t length = 0;
+    Bytes bytes;
+    appendEncoded(bytes, text);
+    return bytes;
+}
+
+void CodePage::appendEncoded(Bytes& bytes, TextView text) const {
+    std::size_t length = bytes.size();
+    bytes.resize(length + text.size() * 2);
     for (const char16_t unit : text) {
         const std::uint16_t code = codes_[unit];
         if (code > 0xFF) {
@@ -133,7 +144,6 @@ Bytes CodePage::encode(TextView text) const {
         bytes[length++] = static_cast<char>(code & 0xFF);
     }
     bytes.resize(length);
-    return bytes;
 }
 
 std::size_t CodePage::byteLength(TextView text) const {

@@ -36,9 +36,15 @@ public:
     /// After the lead byte of an unassigned pair the reading goes on at the next byte.
     Text decode(BytesView bytes) const;
 
+    /// The same behind what `text` holds, for loops over many pieces.
+    void appendDecoded(Text& text, BytesView bytes) const;
+
     /// Bytes of a text. A unit that the page lacks becomes its accepted partner (the wave dash, the minus and the other
     /// signs that tables of other makers decode differently), else "?"; so a surrogate pair gives two "?".
     Bytes encode(TextView text) const;
+
+    /// The same behind what `bytes` holds.
+    void appendEncoded(Bytes& bytes, TextView text) const;
 
     /// Number of bytes that `encode(text)` gives, without making them.
     std::size_t byteLength(TextView text) const;

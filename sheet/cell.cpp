@@ -37,12 +37,17 @@ Bytes alignedBytes(Bytes value, std::size_t width, bool toRight) {
 }
 
 Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
+    Text cell;
+    appendCell(zormod, rec, item, cell);
+    return cell;
+}
+
+void appendCell(const ZORMOD& zormod, BytesView rec, std::int64_t item, Text& text) {
     const std::size_t offset = offsetOf(zormod, item);
     const std::size_t width = widthOf(zormod, item);
-    if (offset >= rec.size()) {
-        return {};
+    if (offset < rec.size()) {
+        zormod.platform.codePage.appendDecoded(text, rec.substr(offset, width));
     }
-    return zormod.platform.codePage.decode(rec.substr(offset, width));
 }
 
 BytesView itemSpan(const ItemTable& items, BytesView rec, std::int16_t one, std::int16_t other, int more) {

@@ -10,6 +10,8 @@ Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item);
 /// The bytes of a record from the first byte of one item to the last byte of another, whichever is given first, and
 /// `more` bytes behind it where there are any. Items that don't lie in a record are a subscript failure.
 BytesView itemSpan(const ItemTable& items, BytesView rec, std::int16_t one, std::int16_t other, int more = 0);
+/// The same behind what `text` holds, for loops over many cells.
+void appendCell(const ZORMOD& zormod, BytesView rec, std::int64_t item, Text& text);
 /// Text of an item of the current record, from the window.
 Text getCell(const ZORMOD& zormod, std::int64_t item);
 /// The same from slot 1.

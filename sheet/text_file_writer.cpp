@@ -1,5 +1,6 @@
 #include "sheet/text_file_writer.h"
 
+#include "platform/code_page.h"
 #include "platform/failure.h"
 #include "sheet/record_file.h"
 #include "sheet/work_files.h"
@@ -11,6 +12,9 @@ namespace {
 
 /// All files that are written in this way; they lie in the current folder.
 constexpr TextView textFiles[] = {u"ZORCLip", u"ZORCLip.bak"};
+
+/// Lines are handed on in pieces of about this many bytes.
+constexpr std::size_t pieceLength = 1 << 16;
 
 Text unfinishedPath(Text path) {
     path.insert(std::max(lastPosition(path, u"\\"), lastPosition(path, u":")), u".new-");
@@ -39,25 +43,40 @@ TextFileWriter::~TextFileWriter() {
     }
 }
 
-void TextFileWriter::write(BytesView bytes) {
-    file_->writeDurably(length_, bytes);
-    length_ += static_cast<std::int64_t>(bytes.size());
-}
-
 void TextFileWriter::line(BytesView bytes) {
-    Bytes whole(bytes);
-    whole += "\r\n";
-    write(whole);
+    held_ += bytes;
+    endLine();
 }
 
 void TextFileWriter::quotedLine(BytesView bytes) {
-    Bytes quoted = "\"";
-    quoted += bytes;
-    quoted += '"';
-    line(quoted);
+    held_ += '"';
+    held_ += bytes;
+    held_ += '"';
+    endLine();
+}
+
+void TextFileWriter::quotedText(TextView text) {
+    held_ += '"';
+    zormod_.platform.codePage.appendEncoded(held_, text);
+    held_ += '"';
+    endLine();
+}
+
+void TextFileWriter::endLine() {
+    held_ += "\r\n";
+    if (held_.size() >= pieceLength) {
+        writeOut();
+    }
+}
+
+void TextFileWriter::writeOut() {
+    file_->writeDurably(length_, held_);
+    length_ += static_cast<std::int64_t>(held_.size());
+    held_.clear();
 }
 
 void TextFileWriter::putInPlace() {
+    writeOut();
     file_->finish();
     closeFile(zormod_, fileNo_);
     zormod_.platform.files.moveIntoPlace(newPath(), path_);

@@ -18,23 +18,26 @@ public:
     TextFileWriter(const TextFileWriter&) = delete;
     TextFileWriter& operator=(const TextFileWriter&) = delete;
 
-    /// Writes bytes as they are.
-    void write(BytesView bytes);
     /// Writes a line and its end.
     void line(BytesView bytes);
     /// Writes a line in double quotes. A double quote inside is written as it is; it ends the field for every reader.
     void quotedLine(BytesView bytes);
+    /// The same for a text.
+    void quotedText(TextView text);
     /// Closes the file and gives it its name; what was written so far is its whole contents.
     void putInPlace();
 
 private:
     Text newPath() const;
+    void endLine();
+    void writeOut();
 
     ZORMOD& zormod_;
     const int fileNo_;
     const Text path_;
     BulkFile* file_ = nullptr; ///< held by the shared state
-    std::int64_t length_ = 0;
+    std::int64_t length_ = 0;  ///< bytes handed to the file
+    Bytes held_;               ///< whole lines that are still to be
 };
 
 /// Deletes what killed writers left of the clip file and its backup, unless another running copy is at work there.

@@ -55,9 +55,9 @@ std::optional<Text> writeCells(ZORMOD& zormod, TextFileWriter& file, const Selec
         }
         readRecord(zormod, 1, record, row);
         for (std::int16_t item = range.selItemFrom; item <= range.selItemTo; ++item) {
-            const Text cell = cellOf(zormod, row, item);
-            file.quotedLine(zormod.platform.codePage.encode(cell));
-            cells += cell;
+            const std::size_t begin = cells.size();
+            appendCell(zormod, row, item, cells);
+            file.quotedText(TextView(cells).substr(begin));
         }
     }
     return cells;

@@ -53,6 +53,8 @@ std::unique_ptr<TableLock> moveIntoPlace(const std::string& from, const std::str
         lock = copyIntoPlace(source, from, target, locks);
     }
     syncFolder(newFolder);
-    syncFolder(oldFolder);
+    if (inodeOf(statusOf(oldFolder)) != inodeOf(statusOf(newFolder))) {
+        syncFolder(oldFolder);
+    }
     return lock;
 }

@@ -51,6 +51,15 @@ TEST(SyncOrder, AFileThatTakesAPlaceIsDurableBefore) {
     world.make("b.txt", "old");
     CallWatch watch(world.folder.path());
     world.files.moveIntoPlace(world.path(u"a.txt"), world.path(u"b.txt"));
+    EXPECT_EQ(wordsOf(watch), "sync rename sync-folder");
+}
+
+TEST(SyncOrder, BothFoldersOfAMoveAreDurable) {
+    OrderFolder world;
+    world.files.makeFolder(world.path(u"sub"));
+    world.make("sub/a.txt", "bytes");
+    CallWatch watch(world.folder.path());
+    world.files.moveIntoPlace(world.path(u"sub\\a.txt"), world.path(u"b.txt"));
     EXPECT_EQ(wordsOf(watch), "sync rename sync-folder sync-folder");
 }
 

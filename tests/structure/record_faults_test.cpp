@@ -172,7 +172,8 @@ TEST(RecordFaults, WhatAKillLeavesOfAClipIsGoneAfterTheNext) {
     FaultWorld world;
     {
         ForkedChild child([&](const ChildSide&) {
-            world.faulty.failAt(12, Counted::writes, Lasting::once, Kind::kill);
+            // The third write is the last before the file gets its name.
+            world.faulty.failAt(3, Counted::writes, Lasting::once, Kind::kill);
             operations[3].run(world.copy);
             return true;
         });
