@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QMenuBar>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -100,12 +101,24 @@ void MonkeyDesk::start() {
     settle();
 }
 
+// A comma in the table's memo moves all items of its K file along at the next opening. The file's form is what it is;
+// this would only hide everything else that could be found.
+MonkeyKey MonkeyDesk::withoutComma(MonkeyKey key) {
+    const std::string box = focus();
+    if (box == "RichTextBox2" || box == "text2") {
+        std::replace(key.text.begin(), key.text.end(), u',', u'-');
+        std::replace(world.clipboard.contents.begin(), world.clipboard.contents.end(), u',', u'-');
+    }
+    return key;
+}
+
 void MonkeyDesk::stopNextLoop(const KeyStroke& stroke) {
     world.eventLoop.atTurn.clear();
     world.eventLoop.atTurn[world.eventLoop.turns + 3] = [this, stroke] { keys.press(stroke); };
 }
 
-void MonkeyDesk::perform(const MonkeyKey& key) {
+void MonkeyDesk::perform(const MonkeyKey& wanted) {
+    const MonkeyKey key = withoutComma(wanted);
     world.later(pauseBetweenKeys);
     switch (key.kind) {
     case MonkeyKey::Kind::press:

@@ -30,5 +30,6 @@ public:
     void forget();
 
 private:
+    MonkeyKey withoutComma(MonkeyKey key);
     void stopNextLoop(const KeyStroke& stroke);
 };
