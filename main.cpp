@@ -5,6 +5,8 @@
 #include "app/entry.h"
 #include "app/menus.h"
 #include "edit/forms/Form1.h"
+#include "edit/forms/input_forms.h"
+#include "edit/forms/range_forms.h"
 #include "output/forms/frmHelp.h"
 #include "output/forms/print_talk.h"
 #include "platform/code_page.h"
@@ -75,6 +77,8 @@ int main(int argc, char** argv) {
     addKeyGuides(forms, context);
     Routines routines(zormod);
     addTextViewer(forms, context, routines.viewer);
+    addRangeForms(forms, context, routines.rangeDrawing);
+    addInputForms(forms, context, routines.edit);
     printer.setTalk(printTalk(context));
 
     bindCommands(commands, routines);

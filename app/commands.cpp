@@ -1,5 +1,10 @@
 #include "app/commands.h"
 
+#include "app/block_commands.h"
+#include "app/input_commands.h"
+#include "app/item_commands.h"
+#include "app/range_commands.h"
+#include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
 #include "edit/jumps.h"
@@ -73,6 +78,11 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         giveInputBoxFocus(edit);
     });
     commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    bindRangeCommands(commands, routines);
+    bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindRecordCommands(commands, edit);
+    bindItemCommands(commands, edit);
+    bindBlockCommands(commands, edit);
 }

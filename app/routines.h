@@ -3,17 +3,19 @@
 // state and hands them to the forms that show them and to the table of commands that starts them.
 
 #include "edit/input_box.h"
+#include "edit/range_drawing.h"
 #include "edit/status_update.h"
 #include "output/text_viewer.h"
 
 /// One of each, on the same shared state.
 struct Routines {
-    explicit Routines(ZORMOD& state) : zormod(state), edit(state), inputBox(edit), viewer(state) {
+    explicit Routines(ZORMOD& state) : zormod(state), edit(state), inputBox(edit), rangeDrawing(edit), viewer(state) {
         connectPositionBoxes(edit);
     }
 
     ZORMOD& zormod;
     EditScreen edit;
     InputBox inputBox;
+    RangeDrawing rangeDrawing;
     TextViewer viewer;
 };

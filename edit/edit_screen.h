@@ -33,6 +33,9 @@ struct EditScreen {
     Text Label11;      ///< items to input
     Text Label13;      ///< ID of the current record
 
+    WatchedText pinnedCaption; ///< title of frmSPITEM
+    WatchedText pinnedCell;    ///< its label: the pinned item of the current record
+
     Text previousInputText; ///< the input box's text before its last change
     ReadingState readingState = ReadingState::none;
     bool commitBusy = false; ///< a key handler commits and moves: changes of the box are cleared, not read

@@ -122,8 +122,13 @@ void InputBox::readChange() {
 
 KeyOutcome InputBox::keyDown(const KeyStroke& stroke) {
     ZORMOD& zormod = edit_.zormod;
-    if (edit_.keyIgnore || zormod.taskWord == u"HTYU") {
+    if (edit_.keyIgnore) {
         return KeyOutcome::goesOn;
+    }
+    if (zormod.taskWord == u"HTYU") {
+        // The keys of the range belong to its form; a key that lands here brings the form back and is used up.
+        zormod.platform.commands.run(focusRangeBoxCommand);
+        return KeyOutcome::taken;
     }
     if (isSelectingKey(stroke) && !boxIsEmpty(edit_)) {
         return KeyOutcome::goesOn;

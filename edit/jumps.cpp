@@ -1,14 +1,13 @@
 #include "edit/jumps.h"
 
 #include "edit/movement.h"
+#include "edit/number_prompt.h"
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
-#include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
-#include "transform/width_conversion.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,20 +16,12 @@ namespace {
 
 /// The number asked for, counted from `here` on if the answer begins with a sign; nothing if the user gave up.
 std::optional<double> askNumber(ZORMOD& zormod, const Text& prompt, const Text& title, double here) {
-    const Text answer = trimmed(toHalfWidth(zormod.platform.dialogs.askText(prompt, title, {})));
+    const Text answer = askTrimmed(zormod, prompt, title, {});
     if (answer.empty()) {
         return {};
     }
     const bool isRelative = answer.front() == u'+' || answer.front() == u'-';
     return (isRelative ? here : 0) + Val(answer);
-}
-
-std::int32_t lastRecord(ZORMOD& zormod) {
-    return std::max(1, recordCount(zormod));
-}
-
-std::int16_t firstItem(const ZORMOD& zormod) {
-    return std::min<std::int16_t>(1, zormod.items.itemCount);
 }
 
 void leaveRow(EditScreen& edit) {
@@ -61,28 +52,54 @@ void endTask(ZORMOD& zormod) {
 
 } // namespace
 
+std::int32_t lastRecord(ZORMOD& zormod) {
+    return std::max(1, recordCount(zormod));
+}
+
+std::int16_t firstItem(const ZORMOD& zormod) {
+    return std::min<std::int16_t>(1, zormod.items.itemCount);
+}
+
+std::optional<std::int32_t> askForRecord(ZORMOD& zormod) {
+    const auto asked =
+        askNumber(zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
+                  u"指定記録へ移動", zormod.position.curRecord);
+    if (!asked) {
+        return {};
+    }
+    // Compared before it is narrowed: a number of any size has its place.
+    return roundTo32(std::clamp<double>(*asked, 0, INT32_MAX));
+}
+
+std::optional<std::int16_t> askForItem(ZORMOD& zormod) {
+    const auto asked = askNumber(zormod,
+                                 u"どの項目に飛びますか？項目番号を!"
+                                 u"なお、ﾌﾟﾗｽまたはﾏｲﾅｽ符号付きで数値を指定すると、今の項目からの相対指定になります",
+                                 u"指定項目へ移動", zormod.position.curItem);
+    if (!asked) {
+        return {};
+    }
+    return roundTo16(std::clamp<double>(*asked, 0, zormod.items.itemCount));
+}
+
 void mnuJUMP(EditScreen& edit) {
     ZORMOD& zormod = edit.zormod;
     if (beepsWithoutTable(zormod)) {
         return;
     }
-    const auto asked =
-        askNumber(zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
-                  u"指定記録へ移動", zormod.position.curRecord);
+    const auto target = askForRecord(zormod);
     endTask(zormod);
-    if (!asked) {
+    if (!target) {
         giveInputBoxFocus(edit);
         return;
     }
-    // Compared before it is narrowed: a number of any size has its place.
-    const std::int32_t target = roundTo32(std::clamp<double>(*asked, 0, INT32_MAX));
-    if (target <= 0) {
+    if (*target <= 0) {
         zormod.platform.beeper.beep();
         giveInputBoxFocus(edit);
         return;
     }
     leaveRow(edit);
-    standOnRecord(edit, std::min(target, lastRecord(zormod)));
+    standOnRecord(edit, std::min(*target, lastRecord(zormod)));
 }
 
 void mnuHJ(EditScreen& edit) {
@@ -90,16 +107,13 @@ void mnuHJ(EditScreen& edit) {
     if (beepsWithoutTable(zormod)) {
         return;
     }
-    const auto asked = askNumber(zormod,
-                                 u"どの項目に飛びますか？項目番号を!"
-                                 u"なお、ﾌﾟﾗｽまたはﾏｲﾅｽ符号付きで数値を指定すると、今の項目からの相対指定になります",
-                                 u"指定項目へ移動", zormod.position.curItem);
+    const auto target = askForItem(zormod);
     endTask(zormod);
-    if (!asked) {
+    if (!target) {
         giveInputBoxFocus(edit);
         return;
     }
-    goToItem(edit, roundTo16(std::clamp<double>(*asked, 0, zormod.items.itemCount)));
+    goToItem(edit, *target);
 }
 
 void mnuEXTD(EditScreen& edit) {

@@ -4,6 +4,19 @@
 
 #include "edit/edit_screen.h"
 
+#include <optional>
+
+/// The last record of the table, 1 of an empty one.
+std::int32_t lastRecord(ZORMOD& zormod);
+/// Item 1; item 0 in a table without items.
+std::int16_t firstItem(const ZORMOD& zormod);
+
+/// The question of `mnuJUMP`, for whoever goes there by other rules: the record asked for, a sign in front of the answer
+/// being relative to the current one; 0 stands for anything below 1. Nothing if the user gave up.
+std::optional<std::int32_t> askForRecord(ZORMOD& zormod);
+/// The question of `mnuHJ`: the item asked for, 0..itemCount.
+std::optional<std::int16_t> askForItem(ZORMOD& zormod);
+
 /// `mnuJUMP`: asks for a record number; a sign in front makes it relative. 0 or less beeps, past the end is the last.
 void mnuJUMP(EditScreen& edit);
 /// `mnuHJ`: asks for an item number; a sign in front makes it relative. Never beeps: it stops at the ends.

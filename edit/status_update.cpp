@@ -2,6 +2,7 @@
 
 #include "edit/box_labels.h"
 #include "platform/commands.h"
+#include "platform/forms.h"
 #include "platform/number_text.h"
 #include "sheet/cell.h"
 #include "voice/announcement.h"
@@ -68,10 +69,28 @@ void cellMoveReading(EditScreen& edit, MovedBox moved) {
     }
 }
 
-Text idText(const ZORMOD& zormod, std::int32_t record) {
+Text cellInWindow(const ZORMOD& zormod, std::int32_t record, std::int16_t item) {
     const std::int64_t slot = static_cast<std::int64_t>(record) - zormod.position.windowFirst + 2;
-    Text id = cellOf(zormod, zormod.window.recordWindow[slot], 0);
-    return zormod.input.idAutoOn != 0 ? u"(自動更新！)" + id : id;
+    return cellOf(zormod, zormod.window.recordWindow[slot], item);
+}
+
+/// The pinned item of the record goes to its form. A table that ends before the item has nothing to show: unpinned.
+void showPinnedItem(EditScreen& edit, std::int32_t record) {
+    ZORMOD& zormod = edit.zormod;
+    std::int16_t& item = zormod.input.pinnedItem;
+    if (item > zormod.items.itemCount) {
+        item = -1;
+        zormod.platform.forms.close(u"frmSPITEM");
+    }
+    if (item >= 0) {
+        edit.pinnedCaption.set(pinnedTitle(zormod));
+        edit.pinnedCell.set(trimmed(cellInWindow(zormod, record, item)));
+    }
+}
+
+Text idText(const ZORMOD& zormod, std::int32_t record) {
+    Text id = cellInWindow(zormod, record, 0);
+    return zormod.input.idAutoOn != 0 ? Text(idAutoMark) + id : id;
 }
 
 Text itemsToInput(const ZORMOD& zormod) {
@@ -88,6 +107,14 @@ Text itemsToInput(const ZORMOD& zormod) {
     return numbers;
 }
 
+void showWithBoxText(EditScreen& edit, const Text& boxText) {
+    ZORMOD& zormod = edit.zormod;
+    if (hasTable(zormod)) {
+        updateStatus(edit, zormod.position.curRecord, zormod.position.curItem, boxText);
+        zormod.platform.screen.redrawView();
+    }
+}
+
 } // namespace
 
 void connectPositionBoxes(EditScreen& edit) {
@@ -98,6 +125,7 @@ void connectPositionBoxes(EditScreen& edit) {
 void updateStatus(EditScreen& edit, std::int32_t record, std::int16_t item, const Text& boxText) {
     ZORMOD& zormod = edit.zormod;
     const ItemTable& items = zormod.items;
+    showPinnedItem(edit, record);
     setBoxText(edit, PanelField::txtREC, Str(record));
     setPanelText(edit, PanelField::Text1, plainNumber(items.itemCount));
     setPanelText(edit, PanelField::Label13, idText(zormod, record));
@@ -115,12 +143,11 @@ void updateStatus(EditScreen& edit, std::int32_t record, std::int16_t item, cons
 }
 
 void showCurrentCell(EditScreen& edit) {
-    ZORMOD& zormod = edit.zormod;
-    if (!hasTable(zormod)) {
-        return;
-    }
-    updateStatus(edit, zormod.position.curRecord, zormod.position.curItem, {});
-    zormod.platform.screen.redrawView();
+    showWithBoxText(edit, {});
+}
+
+void refreshCurrentCell(EditScreen& edit) {
+    showWithBoxText(edit, Text(edit.txtinputbox.text()));
 }
 
 void showCurrentCellAtRest(EditScreen& edit) {
@@ -134,9 +161,13 @@ void showOpenedTable(EditScreen& edit) {
     const SilentScope silent(zormod);
     edit.readingState = ReadingState::none;
     showCurrentCellAtRest(edit);
-    setPanelText(edit, PanelField::Label11, u"全項目(0～" + plainNumber(zormod.items.itemCount) + u")");
+    setPanelText(edit, PanelField::Label11, allItemsLabel(zormod));
     const std::int16_t limit = zormod.input.inputLimit;
     setPanelText(edit, PanelField::Label8, limit != 0 ? u"制限字数:" + plainNumber(limit) : u"字数制限:項目幅");
+}
+
+Text allItemsLabel(const ZORMOD& zormod) {
+    return u"全項目(0～" + plainNumber(zormod.items.itemCount) + u")";
 }
 
 const Text& panelText(const EditScreen& edit, PanelField field) {

@@ -17,12 +17,23 @@ void updateStatus(EditScreen& edit, std::int32_t record, std::int16_t item, cons
 /// Status update and redraw for the current cell with an empty box, speech as it stands. Nothing without a table.
 void showCurrentCell(EditScreen& edit);
 
+/// Status update and redraw for the current cell; what is typed stays in the box. For whatever changes the panel while
+/// the user stays in the cell. Nothing without a table.
+void refreshCurrentCell(EditScreen& edit);
+
 /// showCurrentCell and the focus in the empty input box: how every jump ends.
 void showCurrentCellAtRest(EditScreen& edit);
 
 /// The same with speech held off and the labels that a table gets when it is opened ("全項目(0～..)", limit): after a
 /// table has been opened into the window.
 void showOpenedTable(EditScreen& edit);
+
+/// The label of the items to input as an opened table and the return to all items write it. Status updates write
+/// another.
+Text allItemsLabel(const ZORMOD& zormod);
+
+/// The mark of the ID numbering beside the ID in Label13.
+inline constexpr TextView idAutoMark = u"(自動更新！)";
 
 /// The text of any field of the panel.
 const Text& panelText(const EditScreen& edit, PanelField field);

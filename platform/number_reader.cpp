@@ -98,3 +98,10 @@ double Val(TextView text) {
 std::int16_t roundTo16(double value) { return narrowed<std::int16_t>(value); }
 
 std::int32_t roundTo32(double value) { return narrowed<std::int32_t>(value); }
+
+float roundToSingle(double value) {
+    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max()))) {
+        throw RuntimeFailure{FailureKind::overflow};
+    }
+    return static_cast<float>(value);
+}

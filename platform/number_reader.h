@@ -15,3 +15,5 @@ double Val(TextView text);
 /// Rounds a half to the even neighbour. Outside of 16 or 32 bits, and for what is no number, RuntimeFailure `overflow`.
 std::int16_t roundTo16(double value);
 std::int32_t roundTo32(double value);
+/// Rounds to single precision. Outside of its range, and for what is no number, RuntimeFailure `overflow`.
+float roundToSingle(double value);

@@ -28,6 +28,9 @@ enum class MaskKind {
     target, ///< `LblPMUSK`: where it is to go
 };
 
+/// The grounds of a label that tells a state by colour too. The letters on green and yellow are black in every palette.
+enum class LabelGround { plain, green, yellow };
+
 /// A range of cells, both ends included: records from 1, items from 0.
 struct CellRange {
     std::int32_t firstRecord = 1;
@@ -44,6 +47,8 @@ public:
     virtual void setTitle(const Text& title) = 0;
     /// Shows `text` in a field of the panel. In a box the caret goes to the end.
     virtual void showField(PanelField field, const Text& text) = 0;
+    /// Gives a label of the panel a ground.
+    virtual void colourLabel(PanelField field, LabelGround ground) = 0;
     /// Gives a field the keyboard focus. The focus rule of the box is run by the caller, never by this call.
     virtual void focusField(PanelField field) = 0;
     /// Makes the input box as wide as `bytes` half-width characters, as far as the window allows.

@@ -12,6 +12,12 @@ void ScreenLink::showField(PanelField field, const Text& text) {
     }
 }
 
+void ScreenLink::colourLabel(PanelField field, LabelGround ground) {
+    if (screen_) {
+        screen_->colourLabel(field, ground);
+    }
+}
+
 void ScreenLink::focusField(PanelField field) {
     if (screen_) {
         screen_->focusField(field);

@@ -1,8 +1,6 @@
 #include "sheet/bulk_rewrite.h"
 
 #include "platform/dialogs.h"
-#include "platform/event_loop.h"
-#include "platform/number_text.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -57,11 +55,10 @@ private:
 
 bool BulkFiles::open() {
     Files& files = zormod_.platform.files;
-    finishSwap(zormod_, name(), drive());
+    finishInterrupted(zormod_, name(), drive());
     if (usesWorkFile()) {
-        claim_ = claimWorkFiles(zormod_, drive());
+        claim_ = claimFolderOrTell(zormod_, fullPath(drive(), {}));
         if (!claim_) {
-            zormod_.platform.dialogs.showMessage(u"別のロミカが作業中です。しばらくしてからやり直してください", u"確認");
             return false;
         }
         clearWorkFiles(zormod_, drive());
@@ -180,15 +177,22 @@ void comeBack(ZORMOD& zormod) {
 } // namespace
 
 BulkRun::BulkRun(ZORMOD& zormod, const BulkJob& job)
-    : zormod_(zormod), hasForm_(!job.name.empty()), canStop_(job.canStop && hasForm_), records_(recordCount(zormod)) {}
+    : zormod_(zormod), records_(recordCount(zormod)), rounds_(zormod, job.name, job.canStop, records_) {}
 
 bool BulkRun::forEach(std::int32_t from, std::int32_t to, const std::function<void(const Bytes&)>& transform) {
     Bytes& row = zormod_.window.recordWindow[1];
-    for (std::int32_t record = from; record <= to && nextRound(); ++record) {
+    for (std::int32_t record = from; record <= to && rounds_.next(); ++record) {
         readRecord(zormod_, 1, record, row);
         transform(row);
     }
-    return !isStopped_;
+    return !isStopped();
+}
+
+bool BulkRun::repeat(std::int32_t times, const std::function<void(std::int32_t)>& make) {
+    for (std::int32_t time = 0; time < times && rounds_.turn();) {
+        make(++time);
+    }
+    return !isStopped();
 }
 
 bool BulkRun::copy(std::int32_t from, std::int32_t to) {
@@ -206,25 +210,6 @@ void BulkRun::writeAsIs(BytesView rec) {
     writeRecord(zormod_, 2, ++written_, record_);
 }
 
-bool BulkRun::nextRound() {
-    ++rounds_;
-    // Without the form nothing keeps keys from the other windows, so no event may be handled then.
-    if (!isStopped_ && hasForm_ && zormod_.platform.dialogs.isProgressOpen()) {
-        showPercent();
-        zormod_.platform.eventLoop.yield();
-        isStopped_ = canStop_ && isStopAsked(zormod_);
-    }
-    return !isStopped_;
-}
-
-void BulkRun::showPercent() {
-    const std::int32_t percent = roundTo32(static_cast<double>(rounds_) / records_ * 100);
-    if (percent % 10 == 0 && percent != shownPercent_) {
-        zormod_.platform.dialogs.showProgress(percentText(percent));
-        shownPercent_ = percent;
-    }
-}
-
 BulkEnd bulkRewrite(ZORMOD& zormod, const BulkJob& job, const std::function<void(BulkRun&)>& loop) {
     BulkEnd end = BulkEnd::done;
     {
@@ -233,10 +218,6 @@ BulkEnd bulkRewrite(ZORMOD& zormod, const BulkJob& job, const std::function<void
             return BulkEnd::refused;
         }
         BulkRun run(zormod, job);
-        zormod.results.answers[0] = 0.0;
-        if (!job.name.empty()) {
-            zormod.platform.dialogs.openProgress(job.name, {});
-        }
         loop(run);
         if (run.isStopped()) {
             end = BulkEnd::stopped;
@@ -253,9 +234,4 @@ BulkEnd bulkRewrite(ZORMOD& zormod, const BulkJob& job, const std::function<void
     }
     comeBack(zormod);
     return end;
-}
-
-bool isStopAsked(const ZORMOD& zormod) {
-    const auto* flag = std::get_if<double>(&zormod.results.answers[0]);
-    return flag != nullptr && *flag == 1.0;
 }

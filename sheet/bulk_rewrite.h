@@ -7,7 +7,7 @@
 // pair of data file and K file or the new one. A run that fails leaves its work file behind; it is deleted at the next
 // opening of a table on that drive or before the next run.
 
-#include "sheet/zormod.h"
+#include "sheet/progress_rounds.h"
 
 #include <functional>
 
@@ -46,6 +46,7 @@ enum class BulkEnd {
 /// The run as an operation's loop sees it.
 class BulkRun {
 public:
+    /// Opens the progress form if the job has a name.
     BulkRun(ZORMOD& zormod, const BulkJob& job);
 
     /// Records of the table, from 1, when the run began.
@@ -60,22 +61,18 @@ public:
     void write(BytesView row);
     /// Writes the next record as it is, filled up with blanks to 256 bytes, for rows that carry their line end earlier.
     void writeAsIs(BytesView rec);
-    bool isStopped() const { return isStopped_; }
+    /// `times` rounds, numbered from 1, that read no record: for records that the operation makes itself. They count for
+    /// nothing in the percentage. False if the run is stopped.
+    bool repeat(std::int32_t times, const std::function<void(std::int32_t time)>& make);
+    bool isStopped() const { return rounds_.isStopped(); }
     /// Records written so far.
     std::int32_t written() const { return written_; }
 
 private:
-    bool nextRound();
-    void showPercent();
-
     ZORMOD& zormod_;
-    const bool hasForm_;
-    const bool canStop_;
     const std::int32_t records_;
-    std::int32_t rounds_ = 0;
+    ProgressRounds rounds_;
     std::int32_t written_ = 0;
-    std::int32_t shownPercent_ = -1;
-    bool isStopped_ = false;
     Bytes record_;
 };
 
@@ -83,6 +80,3 @@ private:
 /// returns when run.forEach or run.copy say so. Afterwards the window is refilled, selection and `taskWord` are given up
 /// and the title is right, also after a stop. A failure is thrown as it rises.
 BulkEnd bulkRewrite(ZORMOD& zormod, const BulkJob& job, const std::function<void(BulkRun& run)>& loop);
-
-/// True once the stop button has set `answers(0)`.
-bool isStopAsked(const ZORMOD& zormod);

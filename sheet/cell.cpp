@@ -50,6 +50,16 @@ Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
     return zormod.platform.codePage.decode(rec.substr(offset, width));
 }
 
+BytesView itemSpan(const ItemTable& items, BytesView rec, std::int16_t one, std::int16_t other, int more) {
+    const auto [first, last] = std::minmax(one, other);
+    const int start = items.itemStart[first];
+    const int end = items.itemStart[last] + items.itemWidth[last];
+    if (start < 1 || end < start || end > recordLength + 1) {
+        throw RuntimeFailure{FailureKind::subscript};
+    }
+    return rec.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start + more));
+}
+
 Text getCell(const ZORMOD& zormod, std::int64_t item) {
     return cellOf(zormod, zormod.window.recordWindow[currentSlot(zormod)], item);
 }

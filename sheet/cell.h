@@ -7,6 +7,9 @@
 /// Text of an item in a record given as bytes, decoded, blanks kept. An item outside the table or of negative width is
 /// a subscript failure.
 Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item);
+/// The bytes of a record from the first byte of one item to the last byte of another, whichever is given first, and
+/// `more` bytes behind it where there are any. Items that don't lie in a record are a subscript failure.
+BytesView itemSpan(const ItemTable& items, BytesView rec, std::int16_t one, std::int16_t other, int more = 0);
 /// Text of an item of the current record, from the window.
 Text getCell(const ZORMOD& zormod, std::int64_t item);
 /// The same from slot 1.

@@ -1,6 +1,7 @@
 #include "sheet/failure_recovery.h"
 
 #include "platform/dialogs.h"
+#include "platform/forms.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -17,8 +18,8 @@ void reopenTable(ZORMOD& zormod) {
 }
 
 void readTableAgain(ZORMOD& zormod) {
-    // The failure may have come between the two files of a swap.
-    finishSwap(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    // The failure may have come between the two files of a swap, or amid the records of a change in place.
+    finishInterrupted(zormod, zormod.file.fileName, zormod.file.fileDrive);
     if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
         // The refusal has told the user, and it has closed the table.
         return;
@@ -51,6 +52,9 @@ void putStateRight(ZORMOD& zormod, const RuntimeFailure& failure) {
         }
         zormod.selection = {};
         zormod.platform.screen.hideMask();
+        // What was being drawn or moved is gone; the task word is empty, so they close without a word.
+        zormod.platform.forms.close(u"frmHANI");
+        zormod.platform.forms.close(u"frmMSSG");
         readTableAgain(zormod);
     } catch (const RuntimeFailure&) {
         // The table itself can't be read any more; the report that follows tells the user so.

@@ -1,36 +1,19 @@
 #include "sheet/swap_record.h"
 
-#include "platform/failure.h"
+#include "sheet/change_recovery.h"
 #include "sheet/record_file.h"
+#include "sheet/stored_numbers.h"
 #include "sheet/work_files.h"
-
-#include <cstring>
-#include <functional>
 
 namespace {
 
 constexpr BytesView magic = "ROMSWAP1";
-constexpr std::size_t numberLength = 8;
 constexpr std::size_t headLength = magic.size() + 3 * numberLength;
 /// Two K files and the head; a K file is never read beyond this either.
 constexpr std::size_t largestRecord = 40u << 20;
 constexpr std::size_t blockLength = 1 << 18;
 
 Text recordPath(const Text& drive, const Text& fileName) { return besideTable(drive, fileName, u".swap-"); }
-
-void appendNumber(Bytes& bytes, std::uint64_t number) {
-    for (std::size_t i = 0; i < numberLength; ++i) {
-        bytes += static_cast<char>(number >> (8 * i) & 0xFF);
-    }
-}
-
-std::uint64_t numberAt(BytesView bytes, std::size_t offset) {
-    std::uint64_t number = 0;
-    for (std::size_t i = numberLength; i > 0; --i) {
-        number = number << 8 | static_cast<unsigned char>(bytes[offset + i - 1]);
-    }
-    return number;
-}
 
 /// False if the bytes are no record: no run of ours wrote them.
 bool parse(const Bytes& bytes, SwapRecord& record) {
@@ -58,32 +41,17 @@ bool holdsNewData(ZORMOD& zormod, const Text& path, const SwapRecord& record) {
            fingerprintOf(*data) == record.newFingerprint;
 }
 
-/// Runs a step of tidying that nothing depends on: what it leaves is found again next time.
-void tidy(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const RuntimeFailure&) {
-        // Such as a folder that has become read-only. The table opens all the same.
-    }
-}
-
 } // namespace
 
 std::uint64_t fingerprintOf(RandomFile& file) {
-    std::uint64_t fingerprint = 0xCBF29CE484222325;
+    std::uint64_t fingerprint = emptyFingerprint;
     Bytes block(blockLength, '\0');
     for (std::int64_t offset = 0;;) {
         const std::size_t came = file.readAt(offset, block.data(), block.size());
         if (came == 0) {
             return fingerprint;
         }
-        std::memset(block.data() + came, 0, block.size() - came);
-        for (std::size_t at = 0; at < came; at += sizeof(std::uint64_t)) {
-            std::uint64_t word = 0;
-            std::memcpy(&word, block.data() + at, sizeof word);
-            fingerprint = (fingerprint ^ word) * 0x9E3779B97F4A7C15;
-            fingerprint ^= fingerprint >> 29;
-        }
+        fingerprint = fingerprintOf(BytesView(block).substr(0, came), fingerprint);
         offset += static_cast<std::int64_t>(came);
     }
 }
@@ -116,8 +84,13 @@ void finishSwap(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     tidy([&] { removeSwapRecord(zormod, fileName, drive); });
 }
 
-void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive) {
+void finishInterrupted(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     finishSwap(zormod, fileName, drive);
+    finishChange(zormod, fileName, drive);
+}
+
+void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive) {
+    finishInterrupted(zormod, fileName, drive);
     tidy([&] {
         removeIfThere(zormod, newFilePath(drive, fileName));
         if (const auto claim = claimWorkFiles(zormod, drive)) {

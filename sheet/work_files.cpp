@@ -1,5 +1,6 @@
 #include "sheet/work_files.h"
 
+#include "platform/dialogs.h"
 #include "sheet/record_file.h"
 
 namespace {
@@ -17,6 +18,14 @@ Text besideTable(TextView drive, TextView fileName, TextView prefix) {
     return fullPath(drive, name);
 }
 
+void tidy(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const RuntimeFailure&) {
+        // Such as a folder that has become read-only. The table opens all the same.
+    }
+}
+
 void removeIfThere(ZORMOD& zormod, const Text& path) {
     if (zormod.platform.files.exists(path)) {
         zormod.platform.files.remove(path);
@@ -25,6 +34,14 @@ void removeIfThere(ZORMOD& zormod, const Text& path) {
 
 std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive) {
     return zormod.platform.files.lockFolder(fullPath(drive, {}));
+}
+
+std::unique_ptr<TableLock> claimFolderOrTell(ZORMOD& zormod, const Text& folder) {
+    auto claim = zormod.platform.files.lockFolder(folder);
+    if (!claim) {
+        zormod.platform.dialogs.showMessage(u"別のロミカが作業中です。しばらくしてからやり直してください", u"確認");
+    }
+    return claim;
 }
 
 void markWorkFiles(ZORMOD& zormod, TextView drive) { zormod.platform.files.replaceWhole(markPath(drive), {}); }

@@ -123,7 +123,7 @@ void goBackToTable(TableDesign& design) {
     if (!design.before.hadTable) {
         return;
     }
-    finishSwap(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    finishInterrupted(zormod, zormod.file.fileName, zormod.file.fileDrive);
     if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
         restoreTable(design);
     }

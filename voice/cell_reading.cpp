@@ -1,7 +1,6 @@
 #include "voice/cell_reading.h"
 
 #include "platform/code_page.h"
-#include "platform/failure.h"
 #include "platform/number_text.h"
 #include "sheet/cell.h"
 #include "sheet/record_file.h"
@@ -38,17 +37,6 @@ BytesView currentRow(const ZORMOD& zormod) {
 /// The cell for a reading that works on every form: before the first table is opened there is no item to cut out.
 Text cellForAnyForm(const ZORMOD& zormod) {
     return zormod.items.itemStart[zormod.position.curItem] == 0 ? Text() : currentCell(zormod);
-}
-
-/// Bytes of the current record from the first selected item to the last one, whichever was marked first.
-BytesView selectedPart(const ZORMOD& zormod) {
-    const auto [first, last] = std::minmax(zormod.selection.selItemFrom, zormod.selection.selItemTo);
-    const int start = zormod.items.itemStart[first];
-    const int end = zormod.items.itemStart[last] + zormod.items.itemWidth[last];
-    if (start < 1 || end < start || end > recordLength + 1) {
-        throw RuntimeFailure{FailureKind::subscript};
-    }
-    return currentRow(zormod).substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start));
 }
 
 Text positionPart(const ZORMOD& zormod, const PanelReadings& panel) {
@@ -105,7 +93,8 @@ void readRowKey(ZORMOD& zormod) {
     Text reading = u"ギョウ" + plainNumber(zormod.position.curRecord) + u" ";
     const std::int16_t kind = zormod.selection.selectionKind;
     if (kind == 1 || kind == 3) {
-        reading += codePage.decode(selectedPart(zormod)) + u"ｺｳﾓｸﾊﾝｲ指定ｱﾘ";
+        reading += codePage.decode(itemSpan(zormod.items, currentRow(zormod), zormod.selection.selItemFrom,
+                                            zormod.selection.selItemTo)) + u"ｺｳﾓｸﾊﾝｲ指定ｱﾘ";
     } else {
         reading += trimmed(codePage.decode(currentRow(zormod).substr(0, dataLength)));
     }

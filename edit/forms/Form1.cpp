@@ -128,6 +128,10 @@ void Form1::showField(PanelField field, const Text& text) {
     panel_->showText(field, text);
 }
 
+void Form1::colourLabel(PanelField field, LabelGround ground) {
+    panel_->colourLabel(field, ground);
+}
+
 void Form1::focusField(PanelField field) {
     binding_->moveFocus(field);
 }

@@ -31,6 +31,7 @@ public:
 
     void setTitle(const Text& title) override;
     void showField(PanelField field, const Text& text) override;
+    void colourLabel(PanelField field, LabelGround ground) override;
     void focusField(PanelField field) override;
     void setInputBoxWidth(int bytes) override;
     void showCurrentCell() override;

@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 FormVoice viewVoice() {
@@ -78,6 +80,39 @@ void frmGrid::showCurrent() {
     if (row != 0) {
         markCell(*Grid1, row - 1, zormod.position.curItem);
     }
+    markRange();
+}
+
+void frmGrid::paintMask(MaskKind kind, const CellRange& range) {
+    if (kind != MaskKind::target) {
+        range_ = range;
+        showCurrent();
+    }
+}
+
+void frmGrid::hideMask() {
+    if (range_) {
+        range_.reset();
+        showCurrent();
+    }
+}
+
+/// Selects the part of the range that stands in the window; the current cell alone is not selected beside it.
+void frmGrid::markRange() {
+    if (!range_) {
+        return;
+    }
+    const std::int32_t first = context_.zormod.position.windowFirst;
+    const int firstRow = std::max(0, range_->firstRecord - first);
+    const int lastRow = std::min(rows_->rowCount() - 1, range_->lastRecord - first);
+    const int lastColumn = std::min<int>(rows_->columnCount() - 1, range_->lastItem);
+    if (firstRow > lastRow) {
+        Grid1->selectionModel()->clearSelection();
+        return;
+    }
+    Grid1->selectionModel()->select(
+        QItemSelection(rows_->index(firstRow, range_->firstItem), rows_->index(lastRow, lastColumn)),
+        QItemSelectionModel::ClearAndSelect);
 }
 
 void frmGrid::showEvent(QShowEvent* event) {

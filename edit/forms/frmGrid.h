@@ -3,6 +3,8 @@
 
 #include "edit/forms/view.h"
 
+#include <optional>
+
 class GridRows;
 class QLabel;
 class QTableView;
@@ -15,6 +17,8 @@ public:
 
     void redraw() override;
     void redrawCurrentRow() override;
+    void paintMask(MaskKind kind, const CellRange& range) override;
+    void hideMask() override;
     /// How often the columns have been laid anew: not at a mere move.
     int rebuilds() const;
 
@@ -24,8 +28,10 @@ protected:
 private:
     void fitColumns();
     void showCurrent();
+    void markRange();
 
     QLabel* Label1; ///< data of the current cell
     QTableView* Grid1;
     GridRows* rows_;
+    std::optional<CellRange> range_; ///< what is selected, also outside the window
 };

@@ -122,6 +122,21 @@ void Panel::showText(PanelField field, TextView text) {
     }
 }
 
+void Panel::colourLabel(PanelField field, LabelGround ground) {
+    const auto label = labels_.find(field);
+    if (label == labels_.end()) {
+        return;
+    }
+    QPalette palette;
+    if (ground != LabelGround::plain) {
+        const QColor colour = ground == LabelGround::green ? QColor(0x00, 0xFF, 0x00) : QColor(0xFF, 0xFF, 0x00);
+        palette.setColor(QPalette::Window, colour);
+        palette.setColor(QPalette::WindowText, QColor(0x00, 0x00, 0x00));
+    }
+    label->second->setPalette(palette);
+    label->second->setAutoFillBackground(ground != LabelGround::plain);
+}
+
 void Panel::setInputBoxWidth(int bytes) {
     inputBytes_ = bytes;
     fitBoxes();

@@ -29,6 +29,8 @@ public:
     static const std::vector<PanelField>& boxOrder();
     /// Shows a text in a box or label.
     void showText(PanelField field, TextView text);
+    /// Gives a label a ground; nothing for a field that is a box.
+    void colourLabel(PanelField field, LabelGround ground);
     /// Makes the input box as wide as `bytes` half-width characters, or as wide as the window.
     void setInputBoxWidth(int bytes);
     /// Shows or hides "Speek!".

@@ -12,6 +12,8 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     const SheetFont font = sheetFont(fontPixels(startSize(*parent)));
     table->setFont(font.font);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // The marks follow the program, never the mouse: a click goes to the program, which then marks the cell.
+    table->setSelectionMode(QAbstractItemView::NoSelection);
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);
     table->setContextMenuPolicy(Qt::NoContextMenu);
@@ -36,6 +38,6 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
 
 void markCell(QTableView& table, int row, int column) {
     const QModelIndex index = table.model()->index(row, column);
-    table.setCurrentIndex(index);
+    table.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     table.scrollTo(index, QAbstractItemView::EnsureVisible);
 }

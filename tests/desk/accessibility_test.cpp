@@ -139,6 +139,17 @@ TEST(Accessibility, TheTextViewerNamesItsControlsAndTabReachesAll) {
     QApplication::activeWindow()->close();
 }
 
+TEST(Accessibility, TheFormOfARangeNamesItsControlsAndTabReachesAll) {
+    for (const KeyStroke& start : {shiftKey(Key::down), altKey(Key::down), altKey(Key::right)}) {
+        WalkDesk desk;
+        desk.key(start);
+        walk(desk);
+        EXPECT_EQ(accessibleNameOf(desk.control(u"Text1")), "はじめの記録");
+        EXPECT_EQ(accessibleNameOf(desk.control(u"Text5")), "どこまで？(ｶ-ｿﾙ移動+CR)");
+        EXPECT_EQ(roleOf(desk.control(u"Text5")), QAccessible::EditableText);
+    }
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {
@@ -230,4 +241,34 @@ TEST(Accessibility, TheProgressFormNamesItsButtonAndTabStaysOnIt) {
     }
     desk.dialogs.closeProgress();
     EXPECT_TRUE(isWalked);
+}
+
+TEST(Accessibility, TheFormsOfTheInputHelpersNameTheirControlsAndTabReachesAll) {
+    WalkDesk desk;
+    for (const TextView name : {u"FrmBROCK", u"Form5"}) {
+        desk.inNextModal([&] {
+            desk.settle();
+            desk.key(plainKey(Key::down)); // a list stands at no line before
+            walk(desk);
+            desk.keys.press(plainKey(Key::escape));
+        });
+        desk.guard.run([&] { desk.formTable.open(name); });
+    }
+}
+
+TEST(Accessibility, ThePinnedItemIsALabelUnderItsTitle) {
+    WalkDesk desk;
+    desk.zormod.input.pinnedItem = 1;
+    desk.guard.run([&] {
+        desk.formTable.open(u"frmSPITEM");
+        desk.form.showCurrentCell();
+    });
+    desk.settle();
+    auto* window = desk.form.findChild<QWidget*>(QStringLiteral("frmSPITEM"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(accessibleNameOf(window), "1項目:氏名");
+    auto* label = window->findChild<QWidget*>(QStringLiteral("Label1"));
+    EXPECT_EQ(roleOf(label), QAccessible::StaticText);
+    EXPECT_EQ(accessibleNameOf(label), "山田");
+    EXPECT_TRUE(tabStops(*window).empty());
 }

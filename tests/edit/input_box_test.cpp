@@ -368,15 +368,22 @@ TEST(InputBox, WithoutATableTypingIsSpokenAsTextAndKeysBeep) {
     EXPECT_EQ(endBy(world, Key::escape), EndKind::orderly);
 }
 
-TEST(InputBox, KeyDownDoesNothingWhileTheCaretIsBeingPlacedOrARangeDrawn) {
+TEST(InputBox, KeyDownDoesNothingWhileTheCaretIsBeingPlaced) {
     EditWorld world;
     world.numbered(3);
     world.edit.keyIgnore = true;
     EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::goesOn);
-    world.edit.keyIgnore = false;
+    EXPECT_EQ(world.record(), 1);
+    EXPECT_EQ(world.commandsRun(), Spoken());
+}
+
+TEST(InputBox, AKeyWhileARangeIsDrawnGoesBackToItsFormAndIsUsedUp) {
+    EditWorld world;
+    world.numbered(3);
     world.zormod.taskWord = u"HTYU";
-    EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::goesOn);
-    EXPECT_EQ(world.down(plainKey(Key::escape)), KeyOutcome::goesOn);
+    EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::taken);
+    EXPECT_EQ(world.down(plainKey(Key::escape)), KeyOutcome::taken);
+    EXPECT_EQ(world.commandsRun(), (Spoken{"focusRangeBox", "focusRangeBox"}));
     EXPECT_EQ(world.record(), 1);
 }
 

@@ -150,3 +150,12 @@ TEST(RoundTo, OverflowsOutsideOfItsType) {
     expectOverflow([] { roundTo16(std::numeric_limits<double>::quiet_NaN()); });
     expectOverflow([] { roundTo16(std::numeric_limits<double>::infinity()); });
 }
+
+TEST(RoundTo, SinglePrecisionOverflowsToo) {
+    EXPECT_EQ(roundToSingle(16777217), 16777216.0F);
+    EXPECT_EQ(roundToSingle(-0.1), -0.1F);
+    EXPECT_EQ(roundToSingle(std::numeric_limits<float>::max()), std::numeric_limits<float>::max());
+    expectOverflow([] { roundToSingle(1e39); });
+    expectOverflow([] { roundToSingle(-1e39); });
+    expectOverflow([] { roundToSingle(std::numeric_limits<double>::quiet_NaN()); });
+}

@@ -29,11 +29,14 @@ TEST(FailureRecovery, AfterAnythingElseTheTableIsAsOnTheDisk) {
     world.zormod.items.itemWidth[1] = 3;
     world.zormod.items.itemStart[1] = 1;
     world.zormod.selection.selectionKind = 3;
+    world.forms.open(u"frmHANI");
+    world.forms.open(u"frmMSSG");
     world.zormod.results.answers[0] = 1.0;
     world.zormod.files.byNumber[3] = world.files.openRandom(world.zormod.file.programFolder + u"u.txt");
     putStateRight(world.zormod, {FailureKind::subscript, false});
     EXPECT_EQ(getCell(world.zormod, 1), u"x       ");
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    EXPECT_TRUE(world.forms.loaded.empty());
     EXPECT_EQ(std::get<double>(world.zormod.results.answers[0]), 0.0);
     EXPECT_FALSE(world.zormod.files.byNumber[3]);
     EXPECT_EQ(world.screen.maskHides, 1);

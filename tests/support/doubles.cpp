@@ -111,6 +111,13 @@ void FakeScreen::showCurrentCell() {
     }
 }
 
+void FakeCommands::run(TextView name) {
+    names.emplace_back(name);
+    if (onRun) {
+        onRun();
+    }
+}
+
 void FakeForms::open(TextView name) {
     opened.emplace_back(name);
     const auto script = scripts.find(Text(name));

@@ -94,6 +94,7 @@ class FakeScreen : public Screen {
 public:
     void setTitle(const Text& text) override { title = text; ++titles; }
     void showField(PanelField field, const Text& text) override { fields[field] = text; }
+    void colourLabel(PanelField field, LabelGround ground) override { grounds[field] = ground; }
     void focusField(PanelField field) override { focus = field; ++focusCalls; }
     void setInputBoxWidth(int bytes) override { inputBoxWidth = bytes; }
     void showCurrentCell() override;
@@ -110,6 +111,7 @@ public:
     Text title;
     int titles = 0;
     std::map<PanelField, Text> fields;
+    std::map<PanelField, LabelGround> grounds;
     PanelField focus = PanelField::Text1;
     int focusCalls = 0;
     int inputBoxWidth = -1;
@@ -129,8 +131,9 @@ public:
 /// Remembers the commands that were run.
 class FakeCommands : public Commands {
 public:
-    void run(TextView name) override { names.emplace_back(name); }
+    void run(TextView name) override;
     std::vector<Text> names;
+    std::function<void()> onRun; ///< looks at the world at the moment a command is run
 };
 
 /// Remembers which forms were opened and plays scripted ones; a form without a script opens and stays loaded.

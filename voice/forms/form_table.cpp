@@ -8,6 +8,17 @@
 
 #include <memory>
 
+namespace {
+
+/// A form that only shows something leaves the keyboard where it is.
+void giveKeyboard(QWidget& form) {
+    if (!form.testAttribute(Qt::WA_ShowWithoutActivating)) {
+        form.activateWindow();
+    }
+}
+
+} // namespace
+
 void FormTable::addModal(TextView name, std::function<QDialog*(QWidget*)> make) {
     entries_[Text(name)].makeModal = std::move(make);
 }
@@ -28,7 +39,7 @@ void FormTable::open(TextView name) {
     Entry& entry = found->second;
     if (entry.form) {
         entry.form->show(); // a form that was hidden is still there, as it was left
-        entry.form->activateWindow();
+        giveKeyboard(*entry.form);
         entry.form->raise();
         return;
     }
@@ -44,7 +55,7 @@ void FormTable::open(TextView name) {
     entry.form = entry.makeModeless(owner);
     entry.form->setAttribute(Qt::WA_DeleteOnClose);
     entry.form->show();
-    entry.form->activateWindow();
+    giveKeyboard(*entry.form);
 }
 
 void FormTable::destroyOpenForms() {

@@ -1,6 +1,8 @@
 #include "support/qt/edit_desk.h"
 
 #include "app/menus.h"
+#include "edit/forms/input_forms.h"
+#include "edit/forms/range_forms.h"
 #include "edit/status_update.h"
 #include "output/forms/frmHelp.h"
 #include "sheet/cell.h"
@@ -24,6 +26,8 @@ EditDesk::EditDesk(bool walledIn)
     addStructureForms(formTable, context);
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, routines.viewer);
+    addRangeForms(formTable, context, routines.rangeDrawing);
+    addInputForms(formTable, context, edit);
     bindCommands(commands, routines);
     form.showReadingMode(zormod.speech.speechMode);
 }

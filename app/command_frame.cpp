@@ -1,0 +1,23 @@
+#include "app/command_frame.h"
+
+#include "edit/movement.h"
+#include "edit/range_keys.h"
+#include "edit/status_update.h"
+#include "sheet/record_window.h"
+
+void beginTask(EditScreen& edit, TextView taskWord) {
+    edit.zormod.taskWord = Text(taskWord);
+    commitTypedText(edit);
+    commitRecord(edit.zormod);
+    clearInputBox(edit);
+}
+
+void endTask(EditScreen& edit) {
+    edit.zormod.taskWord.clear();
+    if (edit.zormod.selection.selectionKind != 0) {
+        cancelRange(edit);
+        return;
+    }
+    clearInputBox(edit);
+    giveInputBoxFocus(edit);
+}

@@ -1,0 +1,106 @@
+#include "sheet/change_recovery.h"
+
+#include "platform/dialogs.h"
+#include "sheet/change_frames.h"
+#include "sheet/record_file.h"
+#include "sheet/work_files.h"
+
+#include <algorithm>
+
+namespace {
+
+/// True if `now` begins as `one` and goes on as `other`.
+bool changesOver(BytesView now, BytesView one, BytesView other) {
+    const auto same = static_cast<std::size_t>(std::mismatch(now.begin(), now.end(), one.begin()).first - now.begin());
+    return now.substr(same) == other.substr(same);
+}
+
+/// How the records of a table compare with those of a journal.
+struct Comparison {
+    bool isOld = true;
+    bool isNew = true;
+    bool isOurs = true;
+
+    void look(BytesView now, BytesView before, BytesView after) {
+        isOld = isOld && now == before;
+        isNew = isNew && now == after;
+        isOurs = isOurs && (changesOver(now, before, after) || changesOver(now, after, before));
+    }
+};
+
+/// True if all frames that the head counts stand there whole.
+bool isWhole(RandomFile& journal, const ChangeHead& head) {
+    std::uint64_t frames = 0;
+    std::uint64_t sum = 0;
+    bool anyBroken = false;
+    forEachFrame(head.spans, [&](ChangeFrame& frame) {
+        const FrameFound found = anyBroken ? FrameFound::broken : readFrame(journal, frame);
+        anyBroken = found == FrameFound::broken;
+        frames += found == FrameFound::whole ? 1 : 0;
+        sum += found == FrameFound::whole ? frame.fingerprint : 0;
+    });
+    return !anyBroken && frames == head.frames && sum == head.sum;
+}
+
+Comparison compare(RandomFile& journal, const ChangeHead& head, RandomFile& table) {
+    Comparison comparison;
+    const std::int64_t length = table.length();
+    comparison.isOld = length == head.oldLength;
+    comparison.isNew = length == head.newLength;
+    comparison.isOurs = length >= head.oldLength && length <= head.newLength;
+    forEachFrame(head.spans, [&](ChangeFrame& frame) {
+        if (!comparison.isOurs || readFrame(journal, frame) == FrameFound::none) {
+            return;
+        }
+        const Bytes now = recordsNow(table, frame);
+        for (std::size_t at = 0; at < now.size(); at += recordLength) {
+            comparison.look(BytesView(now).substr(at, recordLength), BytesView(frame.before).substr(at, recordLength),
+                            BytesView(frame.after).substr(at, recordLength));
+        }
+    });
+    return comparison;
+}
+
+/// Puts the table right. False if it is another one by now, and so untouched.
+bool finishOn(ZORMOD& zormod, RandomFile& journal, const ChangeHead& head, const Text& tablePath) {
+    if (!zormod.platform.files.exists(tablePath)) {
+        return false;
+    }
+    const auto table = zormod.platform.files.openBulk(tablePath);
+    const Comparison comparison = compare(journal, head, *table);
+    if (comparison.isOurs && !comparison.isOld && !comparison.isNew) {
+        forEachFrame(head.spans, [&](ChangeFrame& frame) {
+            if (readFrame(journal, frame) == FrameFound::whole) {
+                changeRecords(*table, frame);
+            }
+        });
+        table->finish();
+    }
+    return comparison.isOurs;
+}
+
+} // namespace
+
+void finishChange(ZORMOD& zormod, const Text& fileName, const Text& drive) {
+    Files& files = zormod.platform.files;
+    const Text path = changeJournalPath(drive, fileName);
+    if (!files.exists(path)) {
+        return;
+    }
+    bool isOurs = true;
+    {
+        const auto journal = files.openBulk(path);
+        const auto head = readHead(*journal);
+        if (head && isWhole(*journal, *head)) {
+            isOurs = finishOn(zormod, *journal, *head, fullPath(drive, fileName));
+        }
+    }
+    if (isOurs) {
+        tidy([&] { files.remove(path); });
+        return;
+    }
+    zormod.platform.dialogs.showMessage(
+        u"前の作業が途中で終わりましたが、その後に表が変わっているため、続きを行いませんでした。表の内容を確認してください",
+        u"確認");
+    tidy([&] { files.moveIntoPlace(path, besideTable(drive, fileName, u".unused-change-")); });
+}

@@ -1,0 +1,59 @@
+#include "sheet/text_file_writer.h"
+
+#include "platform/failure.h"
+#include "sheet/record_file.h"
+#include "sheet/work_files.h"
+
+#include <algorithm>
+#include <utility>
+
+TextFileWriter::TextFileWriter(ZORMOD& zormod, int fileNo, const Text& path)
+    : zormod_(zormod), fileNo_(fileNo), path_(path) {
+    removeIfThere(zormod, newPath());
+    auto file = zormod.platform.files.openBulk(newPath());
+    file_ = file.get();
+    zormod.files.byNumber[fileNo] = std::move(file);
+}
+
+TextFileWriter::~TextFileWriter() {
+    if (file_ == nullptr) {
+        return;
+    }
+    closeFile(zormod_, fileNo_);
+    try {
+        removeIfThere(zormod_, newPath());
+    } catch (const RuntimeFailure&) {
+        // The next writer replaces it; what failed before is what the user is told.
+    }
+}
+
+void TextFileWriter::write(BytesView bytes) {
+    file_->writeDurably(length_, bytes);
+    length_ += static_cast<std::int64_t>(bytes.size());
+}
+
+void TextFileWriter::line(BytesView bytes) {
+    Bytes whole(bytes);
+    whole += "\r\n";
+    write(whole);
+}
+
+void TextFileWriter::quotedLine(BytesView bytes) {
+    Bytes quoted = "\"";
+    quoted += bytes;
+    quoted += '"';
+    line(quoted);
+}
+
+void TextFileWriter::putInPlace() {
+    file_->finish();
+    closeFile(zormod_, fileNo_);
+    zormod_.platform.files.moveIntoPlace(newPath(), path_);
+    file_ = nullptr;
+}
+
+Text TextFileWriter::newPath() const {
+    Text path = path_;
+    path.insert(std::max(lastPosition(path, u"\\"), lastPosition(path, u":")), u".new-");
+    return path;
+}
