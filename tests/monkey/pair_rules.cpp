@@ -66,8 +66,12 @@ Complaint positionFits(const Seen& now) {
 }
 
 Complaint windowShowsTheFile(MonkeyDesk& desk, const Seen& now) {
+    // While a width is being chosen, the rows show what it would make of the records.
+    if (now.table.empty() || now.taskWord == u"chfln") {
+        return std::nullopt;
+    }
     const Position& at = now.position;
-    for (int row = 1; !now.table.empty() && row <= at.windowRows; ++row) {
+    for (int row = 1; row <= at.windowRows; ++row) {
         const int number = at.windowFirst + row - 1;
         if (number == at.curRecord || number > now.recordCount()) {
             continue;

@@ -81,7 +81,9 @@ void Desk::settle() {
 // all when the active window has gone and another one is left.
 void Desk::manageWindows() {
     QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && active->isVisible()) {
+    // Nor does the platform leave the keyboard where it is for a window that doesn't want it.
+    const bool isPassive = active != nullptr && active->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    if (active != nullptr && active->isVisible() && !isPassive) {
         lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
     } else if (QWidget* next = lastActive_ && lastActive_->isVisible() ? lastActive_.data() : windowThatIsLeft()) {
         QApplication::setActiveWindow(next);
