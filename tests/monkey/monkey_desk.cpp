@@ -104,8 +104,8 @@ void MonkeyDesk::start() {
 // A comma in the table's memo moves all items of its K file along at the next opening. The file's form is what it is;
 // this would only hide everything else that could be found.
 MonkeyKey MonkeyDesk::withoutComma(MonkeyKey key) {
-    const std::string box = focus();
-    if (box == "RichTextBox2" || box == "text2") {
+    const std::string place = focus();
+    if (place == "RichTextBox2" || place == "text2") {
         std::replace(key.text.begin(), key.text.end(), u',', u'-');
         std::replace(world.clipboard.contents.begin(), world.clipboard.contents.end(), u',', u'-');
     }

@@ -124,3 +124,16 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
     }
     return std::nullopt;
 }
+
+Seen withRowSaved(const CodePage& codePage, Seen before) {
+    if (!before.boxText.empty()) {
+        before.row = withCell(codePage, before, before.row, aligned(codePage, before, before.boxText));
+    }
+    const auto at = static_cast<std::size_t>(before.position.curRecord - 1) * recordLength;
+    const Bytes blank(dataLength, ' ');
+    if (at < before.records.size() || (at == before.records.size() && before.row != blank)) {
+        before.records.resize(std::max(before.records.size(), at + recordLength), ' ');
+        before.records.replace(at, recordLength, before.row + "\r\n");
+    }
+    return before;
+}

@@ -21,3 +21,6 @@ Complaint onlyTheCellWasTyped(const CodePage& codePage, const Seen& before, cons
 /// What Enter in the input box must make of the row: the typed text stands in the current cell, aligned. Nothing if the
 /// key is no such Enter.
 Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const Seen& after, const MonkeyKey& key);
+
+/// `before` as it is once the row has come to the disk with what stands in the input box.
+Seen withRowSaved(const CodePage& codePage, Seen before);

@@ -1,5 +1,6 @@
 #include "tests/monkey/step_rules.h"
 
+#include "tests/monkey/operation_rules.h"
 #include "voice/speech_channel.h"
 
 #include <QApplication>
@@ -127,8 +128,11 @@ Complaint nothingIsStuck(MonkeyDesk& desk, const Seen& now) {
 }
 
 Complaint tableChangedAsItMay(MonkeyDesk& desk, const Seen& before, const Seen& now, const MonkeyKey& key) {
-    if (before.table.empty() || ranOperation(desk, before)) {
+    if (before.table.empty()) {
         return std::nullopt;
+    }
+    if (ranOperation(desk, before)) {
+        return changedByEffect(desk.world.codePage, effectOf(before, desk.commands.ran), before, now);
     }
     return quietKey(desk, before, now, key);
 }
