@@ -61,8 +61,8 @@ MonkeyKey KeyPicker::pick(const Situation& situation) {
     if (dice_.oneIn(200)) {
         return {Kind::copy, {}, Text(dice_.oneOf(foreignTexts))};
     }
-    if (dice_.oneIn(300)) {
-        return {Kind::stop, dice_.oneIn(2) ? plainKey(Key::escape) : plainKey(Key::enter)};
+    if (dice_.oneIn(100)) {
+        return {Kind::turn};
     }
     switch (situation.place) {
     case Place::menu:

@@ -20,6 +20,7 @@ namespace {
 // Painting costs time by the pixel, and nothing that the monkey looks at depends on the window's size.
 constexpr int smallWidth = 420;
 constexpr int smallHeight = 300;
+constexpr int turnsBeforeWork = 3;
 constexpr double pauseBetweenKeys = 0.3; // seconds: readings pass the throttle
 
 std::optional<Key> accessKeyIn(const QString& text) {
@@ -112,9 +113,14 @@ MonkeyKey MonkeyDesk::withoutComma(MonkeyKey key) {
     return key;
 }
 
-void MonkeyDesk::stopNextLoop(const KeyStroke& stroke) {
+// The loop gives the turn to the event loop, as the real one does: whatever form stands above it takes keys.
+void MonkeyDesk::workInNextLoop() {
     world.eventLoop.atTurn.clear();
-    world.eventLoop.atTurn[world.eventLoop.turns + 3] = [this, stroke] { keys.press(stroke); };
+    world.eventLoop.atTurn[world.eventLoop.turns + turnsBeforeWork] = [this] {
+        settle();
+        settle();
+        guard.throwPending();
+    };
 }
 
 void MonkeyDesk::perform(const MonkeyKey& wanted) {
@@ -145,8 +151,8 @@ void MonkeyDesk::perform(const MonkeyKey& wanted) {
     case MonkeyKey::Kind::copy:
         world.clipboard.foreign(key.text);
         break;
-    case MonkeyKey::Kind::stop:
-        stopNextLoop(key.stroke);
+    case MonkeyKey::Kind::turn:
+        workInNextLoop();
         break;
     }
     settle();

@@ -31,5 +31,5 @@ public:
 
 private:
     MonkeyKey withoutComma(MonkeyKey key);
-    void stopNextLoop(const KeyStroke& stroke);
+    void workInNextLoop();
 };

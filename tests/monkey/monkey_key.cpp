@@ -20,10 +20,10 @@ constexpr std::array<std::string_view, 77> keyNames = {
     "B",     "C",     "D",    "E",      "F",         "G",     "H",       "I",     "J",   "K",    "L",    "M",   "N",
     "O",     "P",     "Q",    "R",      "S",         "T",     "U",       "V",     "W",   "X",    "Y",    "Z"};
 constexpr std::array<std::string_view, 9> kindNames = {"press",   "down",   "repeat", "up",  "type",
-                                                       "compose", "commit", "copy",   "stop"};
+                                                       "compose", "commit", "copy",   "turn"};
 
 bool hasStroke(Kind kind) {
-    return kind == Kind::press || kind == Kind::down || kind == Kind::repeat || kind == Kind::up || kind == Kind::stop;
+    return kind == Kind::press || kind == Kind::down || kind == Kind::repeat || kind == Kind::up;
 }
 
 std::string strokeText(const KeyStroke& stroke) {

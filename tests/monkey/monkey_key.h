@@ -22,7 +22,7 @@ struct MonkeyKey {
         compose, ///< an input method shows `text`
         commit,  ///< an input method hands `text` over
         copy,    ///< another program puts `text` on the clipboard
-        stop,    ///< in the next long loop the user presses `stroke`
+        turn,    ///< in the next long loop the form above it gets keys too
     };
     Kind kind = Kind::press;
     KeyStroke stroke{};

@@ -46,7 +46,8 @@ template <typename List> Effect lookUp(const List& list, TextView name) {
 Records recordsOf(std::string_view bytes) {
     Records records;
     for (; bytes.size() >= recordLength; bytes.remove_prefix(recordLength)) {
-        records.push_back(bytes.substr(0, recordLength));
+        // Of a record whose items were deleted the end is put right by the next operation that copies it.
+        records.push_back(bytes.substr(0, dataLength));
     }
     return records;
 }
@@ -141,7 +142,11 @@ Complaint recordsMoved(const Records& old, const Records& now) {
 Complaint stretchChanged(const Records& longer, const Records& shorter, bool mustBeBlank) {
     Records stretch;
     if (!lacksOneStretch(longer, shorter, stretch)) {
-        return "records: more changed than one stretch of them";
+        const auto same = std::mismatch(shorter.begin(), shorter.end(), longer.begin(), longer.end());
+        const auto back = std::mismatch(shorter.rbegin(), shorter.rend(), longer.rbegin(), longer.rend());
+        return "records: more changed than one stretch of them, from record " +
+               std::to_string(same.first - shorter.begin() + 1) + " to " + std::to_string(shorter.rend() - back.first) +
+               " of " + std::to_string(shorter.size()) + ", with " + std::to_string(longer.size()) + " in the other table";
     }
     if (mustBeBlank && !std::all_of(stretch.begin(), stretch.end(), isBlank)) {
         return "added records: not all are blank";

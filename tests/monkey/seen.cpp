@@ -24,7 +24,8 @@ Seen look(MonkeyDesk& desk) {
     seen.inInputBox = box != nullptr && box->objectName() == QLatin1StringView("txtinputbox");
     seen.isComposing = box != nullptr && box->composing();
     for (const QWidget* window : QApplication::topLevelWidgets()) {
-        seen.smallWindowIsUp = seen.smallWindowIsUp || (window != &desk.form && window->isVisible());
+        const bool wantsKeys = !window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+        seen.smallWindowIsUp = seen.smallWindowIsUp || (window != &desk.form && window->isVisible() && wantsKeys);
     }
     if (!hasTable(zormod)) {
         return seen;

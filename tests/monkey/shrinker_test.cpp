@@ -59,7 +59,7 @@ TEST(MonkeyTrace, ComesBackAsItWasWritten) {
     trace.keys.push_back({MonkeyKey::Kind::down, ctrlShiftKey(Key::t)});
     trace.keys.push_back({MonkeyKey::Kind::repeat, altKey(Key::f10)});
     trace.keys.push_back({MonkeyKey::Kind::up, shiftKey(Key::digit0)});
-    trace.keys.push_back({MonkeyKey::Kind::stop, plainKey(Key::escape)});
+    trace.keys.push_back({MonkeyKey::Kind::turn});
     trace.keys.push_back({MonkeyKey::Kind::type, {}, u" 山 ｱ,\""});
     trace.keys.push_back({MonkeyKey::Kind::compose, {}, u""});
     trace.keys.push_back({MonkeyKey::Kind::commit, {}, u"東京"});

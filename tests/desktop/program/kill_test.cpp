@@ -36,6 +36,11 @@ struct Operation {
 const std::vector<Operation>& operations() {
     static const std::vector<Operation> all = {
         {"a narrower item in the design", {"F5>", "Down Left Down", "=4", "Tab", "Return>"}, "y"},
+        {"records deleted", {"Down Down", "alt+Down>", "Down Down Down Return>", "Delete>"}, "y"},
+        {"records inserted", {"Down Down", "ctrl+g>", "BackSpace", "=700"}, "Return"},
+        {"an item inserted", {"alt+Right>", "Return>", "Insert>"}, "y"},
+        {"an item deleted", {"Right", "alt+Right>", "Return>", "Delete>"}, "y"},
+        {"a block cleared", {"Right", "shift+Down>", "ctrl+Down Right Return>", "Delete>"}, "y"},
     };
     return all;
 }
@@ -113,7 +118,8 @@ std::string stateOf(const TestWorld& world) {
 struct Outcome {
     Pair pair;
     std::set<std::string> names;
-    Millis duration{};
+    Millis firstChange{}; ///< after the key that started it
+    Millis lastChange{};
 };
 
 /// Starts the operation and waits until its files have come to rest.
@@ -121,6 +127,7 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
     WorkedTable table(old);
     EXPECT_TRUE(table.goTo(operation)) << operation.name;
     const Moment begin = std::chrono::steady_clock::now();
+    Moment firstChange = begin;
     Moment lastChange = begin;
     std::string state = stateOf(table.world);
     pressKey(operation.start);
@@ -131,10 +138,11 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
         if (next != state) {
             state = std::move(next);
             lastChange = now;
+            firstChange = firstChange == begin ? now : firstChange;
         }
         return lastChange != begin && now - lastChange > rest;
     }, std::chrono::seconds(isLongRun() ? 60 : 10));
-    Outcome outcome{pairIn(table.world), namesIn(table.world), lastChange - begin};
+    Outcome outcome{pairIn(table.world), namesIn(table.world), firstChange - begin, lastChange - begin};
     EXPECT_NE(outcome.pair, old) << operation.name << " was never done";
     return outcome;
 }
@@ -205,10 +213,11 @@ TEST(Kill, LeavesTheOldTableOrTheNewOneWheneverItComes) {
             outcomes[operation.name] = outcomeOf(operation, old);
         }
         const Outcome& outcome = outcomes[operation.name];
-        // A tenth beyond the end, so that the last steps are met too.
-        const Millis moment = outcome.duration * (1.1 * (random() % 1000) / 1000);
+        // From a little ahead of the first change to a little behind the last one.
+        const Millis work = outcome.lastChange - outcome.firstChange;
+        const Millis moment = outcome.firstChange - work * 0.1 + work * (1.3 * (random() % 1000) / 1000);
         SCOPED_TRACE("killed after " + std::to_string(moment.count()) + " of " +
-                     std::to_string(outcome.duration.count()) + " ms");
+                     std::to_string(outcome.lastChange.count()) + " ms");
         killOnce(operation, old, outcome, moment, i % 7 == 6, tally);
         if (HasFatalFailure()) {
             return;
