@@ -21,6 +21,7 @@
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/romika_application.h"
 #include "platform/qt/turn_giver.h"
+#include "platform/qt/x11_keyboard.h"
 #include "platform/screen_link.h"
 #include "sheet/failure_recovery.h"
 #include "start/forms/start_forms.h"
@@ -68,14 +69,14 @@ int main(int argc, char** argv) {
     guard.setCleanup([&](const RuntimeFailure& failure) { putStateRight(zormod, failure); });
     application.setGuard(&guard);
     eventLoop.setGuard(guard);
-    HeldKeys heldKeys;
+    HeldKeys heldKeys(isKeyUp);
     ModalRunner modals(guard, heldKeys);
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
-    addStructureForms(forms, context);
     addKeyGuides(forms, context);
     Routines routines(zormod);
+    addStructureForms(forms, context, routines.pointer, routines.width);
     addTextViewer(forms, context, routines.viewer);
     addRangeForms(forms, context, routines.rangeDrawing);
     addInputForms(forms, context, routines.edit);

@@ -5,11 +5,15 @@
 #include "edit/status_update.h"
 #include "sheet/record_window.h"
 
-void beginTask(EditScreen& edit, TextView taskWord) {
-    edit.zormod.taskWord = Text(taskWord);
+void leaveTyping(EditScreen& edit) {
     commitTypedText(edit);
     commitRecord(edit.zormod);
     clearInputBox(edit);
+}
+
+void beginTask(EditScreen& edit, TextView taskWord) {
+    edit.zormod.taskWord = Text(taskWord);
+    leaveTyping(edit);
 }
 
 void endTask(EditScreen& edit) {

@@ -4,8 +4,11 @@
 
 #include "edit/edit_screen.h"
 
-/// Sets the task word, puts what is typed into the row and the row on the disk, and empties the input box. A row that
-/// can't be written is thrown with the box as it was.
+/// Puts what is typed into the row and the row on the disk, and empties the input box. A row that can't be written is
+/// thrown with the box as it was.
+void leaveTyping(EditScreen& edit);
+
+/// The same under a task word.
 void beginTask(EditScreen& edit, TextView taskWord);
 
 /// No task word, no range, the empty input box with the focus.

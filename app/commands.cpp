@@ -1,12 +1,15 @@
 #include "app/commands.h"
 
 #include "app/block_commands.h"
+#include "app/clip_commands.h"
 #include "app/input_commands.h"
 #include "app/item_commands.h"
+#include "app/pointer_commands.h"
 #include "app/range_commands.h"
 #include "app/record_commands.h"
 #include "app/start_commands.h"
 #include "app/structure_commands.h"
+#include "app/width_commands.h"
 #include "edit/jumps.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
@@ -82,7 +85,10 @@ void bindCommands(CommandTable& commands, Routines& routines) {
     bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);
     bindStructureCommands(commands, edit);
+    bindPointerCommands(commands, routines.pointer);
+    bindWidthCommands(commands, routines.width, edit);
     bindRecordCommands(commands, edit);
+    bindClipCommands(commands, edit);
     bindItemCommands(commands, edit);
     bindBlockCommands(commands, edit);
 }

@@ -11,5 +11,6 @@ void bindRangeCommands(CommandTable& commands, Routines& routines) {
     commands.bind(startRecordRangeCommand, [&drawing] { drawing.start(RangeKind::records); });
     commands.bind(startItemRangeCommand, [&drawing] { drawing.start(RangeKind::items); });
     commands.bind(focusRangeBoxCommand, [&drawing] { drawing.takeFocus(); });
+    commands.bind(stepRangeCommand, [&drawing] { drawing.keyUp(plainKey(Key::other)); });
     commands.bind(readRangeCommand, [&zormod] { Hread(zormod); });
 }

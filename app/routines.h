@@ -6,10 +6,13 @@
 #include "edit/range_drawing.h"
 #include "edit/status_update.h"
 #include "output/text_viewer.h"
+#include "structure/pointer_choice.h"
+#include "structure/width_change.h"
 
 /// One of each, on the same shared state.
 struct Routines {
-    explicit Routines(ZORMOD& state) : zormod(state), edit(state), inputBox(edit), rangeDrawing(edit), viewer(state) {
+    explicit Routines(ZORMOD& state)
+        : zormod(state), edit(state), inputBox(edit), rangeDrawing(edit), viewer(state), pointer(edit), width(edit) {
         connectPositionBoxes(edit);
     }
 
@@ -18,4 +21,6 @@ struct Routines {
     InputBox inputBox;
     RangeDrawing rangeDrawing;
     TextViewer viewer;
+    PointerChoice pointer;
+    WidthChange width;
 };

@@ -2,8 +2,6 @@
 //   bare       the same bytes written in large blocks, fsync, rename
 //   bulk       the rewrite that copies every record: read, put right, write, swap; against the bare write just before it,
 //              median of the turns
-//   progress   the same with the progress form's interface and a turn of the event loop for each record, against without;
-//              the best of the turns each, because what else the disk does is no cost of the form
 //   items      the same with a new item definition file
 
 #include "measure.h"
@@ -89,22 +87,16 @@ int main() {
     sync();
 
     std::vector<double> bare;
-    std::vector<double> plain;
-    std::vector<double> withForm;
     std::vector<double> withItems;
     std::vector<double> againstBare;
     for (int i = 0; i < rounds; ++i) {
         bare.push_back(microseconds([&] { bareWrite(world.folder.path(), table); }));
-        withForm.push_back(rewriteTime(zormod, {.name = u"n"}));
-        againstBare.push_back(withForm.back() / bare.back());
-        plain.push_back(rewriteTime(zormod, {}));
+        againstBare.push_back(rewriteTime(zormod, {.name = u"n"}) / bare.back());
         zormod.otherItems = zormod.items;
         withItems.push_back(rewriteTime(zormod, {.name = u"n", .items = BulkItems::other}));
     }
     std::printf("%-74s %10.2f ms\n", "bulk: bare write, fsync and rename of 256 MB", median(bare) / 1000);
     bool kept = report("bulk: rewrite of 1,000,000 records against the bare write", median(againstBare), "x", 1.2);
-    kept = report("bulk: with the progress form and its turns against without",
-                  quantile(withForm, 0) / quantile(plain, 0), "x", 1.3) && kept;
     kept = report("bulk: with a new item definition file against the bare write", median(withItems) / median(bare),
                   "x", 2.5) && kept;
     return kept && turns.turns > 0 && world.bytesOf("t.txt") == table ? 0 : 1;

@@ -196,6 +196,11 @@ KeyOutcome InputBox::keyPress(char16_t character) {
 }
 
 void InputBox::keyUp(const KeyStroke& stroke, const BoxView& box) {
+    if (edit_.zormod.taskWord == u"HTYU") {
+        // Quick fingers let the key that began a range go before the desktop has given its form the keyboard.
+        edit_.zormod.platform.commands.run(stepRangeCommand);
+        return;
+    }
     const bool isEmpty = boxIsEmpty(edit_);
     if ((isEmpty && isMovingKey(stroke)) || clearsRestoringBlank(edit_, stroke)) {
         return;

@@ -5,6 +5,7 @@
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/commands.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -29,18 +30,36 @@ void leaveRow(EditScreen& edit) {
     commitRecord(edit.zormod);
 }
 
+/// The focus in the box that takes the keys: that of the pointer's form while a target is being chosen.
+void giveKeyBoxFocus(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        edit.zormod.platform.commands.run(focusPointerBoxCommand);
+    } else {
+        giveInputBoxFocus(edit);
+    }
+}
+
+void arrive(EditScreen& edit) {
+    if (isTargeting(edit.zormod.taskWord)) {
+        showCurrentCell(edit);
+        edit.zormod.platform.commands.run(pointerJumpedCommand);
+    } else {
+        showCurrentCellAtRest(edit);
+    }
+}
+
 /// A jump between records ends the ID numbering: the counter belongs to the row that was left.
 void standOnRecord(EditScreen& edit, std::int32_t record) {
     ZORMOD& zormod = edit.zormod;
     zormod.input.idAutoOn = 0;
     zormod.position.curRecord = record;
     refillWindow(zormod, record);
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 void standOnItem(EditScreen& edit, std::int16_t item) {
     edit.zormod.position.curItem = item;
-    showCurrentCellAtRest(edit);
+    arrive(edit);
 }
 
 /// A jump ends a task, but not the choosing of a range or of a target: those go on behind it.
@@ -61,9 +80,9 @@ std::int16_t firstItem(const ZORMOD& zormod) {
 }
 
 std::optional<std::int32_t> askForRecord(ZORMOD& zormod) {
-    const auto asked =
-        askNumber(zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
-                  u"指定記録へ移動", zormod.position.curRecord);
+    const auto asked = askNumber(
+        zormod, u"第なん記録に飛びますか？（なお、＋－付きで数値を指定すると、今の記録からの相対指定になります",
+        u"指定記録へ移動", zormod.position.curRecord);
     if (!asked) {
         return {};
     }
@@ -90,12 +109,12 @@ void mnuJUMP(EditScreen& edit) {
     const auto target = askForRecord(zormod);
     endTask(zormod);
     if (!target) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     if (*target <= 0) {
         zormod.platform.beeper.beep();
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     leaveRow(edit);
@@ -110,7 +129,7 @@ void mnuHJ(EditScreen& edit) {
     const auto target = askForItem(zormod);
     endTask(zormod);
     if (!target) {
-        giveInputBoxFocus(edit);
+        giveKeyBoxFocus(edit);
         return;
     }
     goToItem(edit, *target);

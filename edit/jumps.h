@@ -6,6 +6,10 @@
 
 #include <optional>
 
+/// Run at the end of every jump while the target of a move or a copy is being chosen: the pointer follows the current
+/// cell, and the keys stay with the pointer's form.
+inline constexpr TextView pointerJumpedCommand = u"pointerJumped";
+
 /// The last record of the table, 1 of an empty one.
 std::int32_t lastRecord(ZORMOD& zormod);
 /// Item 1; item 0 in a table without items.

@@ -1,11 +1,10 @@
 #include "edit/range_drawing.h"
 
 #include "edit/jumps.h"
-#include "edit/movement.h"
+#include "edit/range_moves.h"
 #include "edit/range_reading.h"
 #include "edit/range_state.h"
 #include "edit/status_update.h"
-#include "platform/beeper.h"
 #include "platform/commands.h"
 #include "platform/forms.h"
 #include "platform/number_text.h"
@@ -15,85 +14,10 @@
 #include "voice/speech_channel.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
 constexpr TextView drawingWord = u"HTYU";
-
-void holdAtLast(EditScreen& edit) {
-    std::int32_t& record = edit.zormod.position.curRecord;
-    record = std::min(record, lastRecord(edit.zormod));
-}
-
-void down(EditScreen& edit) {
-    nextRecord(edit);
-    holdAtLast(edit);
-}
-
-void halfPageUp(EditScreen& edit) {
-    Position& position = edit.zormod.position;
-    position.curRecord -= position.windowRows / 2;
-    if (position.curRecord < 1) {
-        edit.zormod.platform.beeper.beep();
-        position.curRecord = 1;
-    }
-}
-
-void halfPageDown(EditScreen& edit) {
-    ZORMOD& zormod = edit.zormod;
-    std::int32_t& record = zormod.position.curRecord;
-    record += zormod.position.windowRows / 2;
-    if (zormod.selection.selectionKind == static_cast<std::int16_t>(RangeKind::records)) {
-        // A range of records stops two short of the end; single steps lead on from there.
-        record = std::max(1, std::min(record, recordCount(zormod) - 2));
-    }
-    holdAtLast(edit);
-}
-
-void toLastRecord(EditScreen& edit) {
-    edit.zormod.position.curRecord = lastRecord(edit.zormod);
-}
-
-void toFirstRecord(EditScreen& edit) {
-    edit.zormod.position.curRecord = 1;
-}
-
-void toLastItem(EditScreen& edit) {
-    edit.zormod.position.curItem = edit.zormod.items.itemCount;
-}
-
-void toFirstItem(EditScreen& edit) {
-    edit.zormod.position.curItem = firstItem(edit.zormod);
-}
-
-void fiveItemsLeft(EditScreen& edit) {
-    std::int16_t& item = edit.zormod.position.curItem;
-    item = static_cast<std::int16_t>(item - 5);
-    if (item < 0) {
-        edit.zormod.platform.beeper.beep();
-        item = 0;
-    }
-}
-
-struct DrawingKey {
-    KeyStroke stroke;
-    void (*move)(EditScreen&);
-};
-
-constexpr std::array<DrawingKey, 11> drawingKeys = {{
-    {plainKey(Key::down), down},
-    {plainKey(Key::up), prevRecord},
-    {plainKey(Key::left), prevItem},
-    {plainKey(Key::right), nextItem},
-    {ctrlKey(Key::down), toLastRecord},
-    {ctrlKey(Key::up), toFirstRecord},
-    {ctrlKey(Key::right), toLastItem},
-    {ctrlKey(Key::left), toFirstItem},
-    {plainKey(Key::pageUp), halfPageUp},
-    {plainKey(Key::pageDown), halfPageDown},
-    {ctrlShiftKey(Key::t), fiveItemsLeft},
-}};
 
 /// Keys that every form answers at key down, with the very texts that this one has for their key up.
 bool hasSpokenAtKeyDown(const KeyStroke& stroke) {
@@ -111,11 +35,6 @@ template <typename Number> void putInOrder(Number& first, Number& last) {
     if (last < first) {
         std::swap(first, last);
     }
-}
-
-void putEndsInOrder(Selection& range) {
-    putInOrder(range.selRecordFrom, range.selRecordTo);
-    putInOrder(range.selItemFrom, range.selItemTo);
 }
 
 } // namespace
@@ -148,7 +67,12 @@ KeyOutcome RangeDrawing::keyDown(const KeyStroke& stroke) {
     if (stroke.key == Key::tab) {
         return KeyOutcome::goesOn;
     }
-    if (move(stroke)) {
+    if (edit_.zormod.taskWord != drawingWord) {
+        // An operation begun by the mouse has taken the word over meanwhile: its range is not the user's any more.
+        dropRange(edit_.zormod);
+        return KeyOutcome::taken;
+    }
+    if (moveDrawingCursor(edit_, stroke)) {
         return KeyOutcome::taken;
     }
     if (stroke == ctrlKey(Key::h)) {
@@ -164,27 +88,13 @@ KeyOutcome RangeDrawing::keyDown(const KeyStroke& stroke) {
 }
 
 void RangeDrawing::keyUp(const KeyStroke& stroke) {
+    if (edit_.zormod.taskWord != drawingWord) {
+        return;
+    }
     step();
     if (!hasSpokenAtKeyDown(stroke)) {
         RangeYOMi(edit_.zormod, readingOf(stroke));
     }
-}
-
-/// Makes the move of a stroke; false if it is none that moves.
-bool RangeDrawing::move(const KeyStroke& stroke) {
-    const auto* const key = std::find_if(drawingKeys.begin(), drawingKeys.end(),
-                                         [&](const DrawingKey& candidate) { return candidate.stroke == stroke; });
-    if (key == drawingKeys.end()) {
-        return false;
-    }
-    ZORMOD& zormod = edit_.zormod;
-    const std::int32_t before = zormod.position.curRecord;
-    key->move(edit_);
-    if (zormod.position.curRecord != before) {
-        // A held key gives no key up between its steps, and each step looks for its row in the window.
-        refillWindow(zormod, zormod.position.curRecord);
-    }
-    return true;
 }
 
 void RangeDrawing::goToAskedItem() {
@@ -203,7 +113,6 @@ void RangeDrawing::goToAskedRecord() {
 }
 
 void RangeDrawing::makeClip() {
-    putEndsInOrder(edit_.zormod.selection);
     edit_.zormod.platform.commands.run(u"mnuCLIP");
     cancel();
 }
@@ -234,7 +143,9 @@ void RangeDrawing::show() {
 }
 
 void RangeDrawing::finish() {
-    putEndsInOrder(edit_.zormod.selection);
+    Selection& range = edit_.zormod.selection;
+    putInOrder(range.selRecordFrom, range.selRecordTo);
+    putInOrder(range.selItemFrom, range.selItemTo);
     leave();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 // A range is drawn with the arrow keys: the cursor moves, the end of the range follows it, and after every step it is
-// said where the range stands. This is `frmHANI` without its window. While a range is drawn nothing goes to the disk and
-// the boxes of the panel keep silent, so that the only thing heard is the step itself. main makes one; the form shows it,
-// and the commands of range_keys.h start it.
+// said where the range stands. This is `frmHANI` without its window. While a range is drawn nothing goes to the disk
+// and the boxes of the panel keep silent, so that the only thing heard is the step itself. main makes one; the form
+// shows it, and the commands of range_keys.h start it.
 
 #include "edit/edit_screen.h"
 #include "platform/keys.h"
@@ -31,7 +31,8 @@ public:
     RangeDrawing(const RangeDrawing&) = delete;
     RangeDrawing& operator=(const RangeDrawing&) = delete;
 
-    /// Begins a range at the current cell and opens the form. The current record must lie in the file and be on the disk.
+    /// Begins a range at the current cell and opens the form. The current record must lie in the file and be on the
+    /// disk.
     void start(RangeKind kind);
     /// A key down of the key box `Text5`: moves the current cell. Every key is used up, except Tab.
     KeyOutcome keyDown(const KeyStroke& stroke);
@@ -53,12 +54,11 @@ public:
     /// The kind of the range that is drawn.
     RangeKind kind() const;
     RangeFields fields() const;
-    /// What the form does when the fields have changed: it shows them and gives its key box, emptied, the focus. An empty
-    /// rule when the form goes.
+    /// What the form does when the fields have changed: it shows them and gives its key box, emptied, the focus. An
+    /// empty rule when the form goes.
     void onShown(std::function<void()> rule) { shown_ = std::move(rule); }
 
 private:
-    bool move(const KeyStroke& stroke);
     void goToAskedItem();
     void goToAskedRecord();
     void makeClip();

@@ -20,6 +20,8 @@ inline constexpr TextView moveRangeRecordsUpCommand = u"moveRangeRecordsUp";
 inline constexpr TextView moveRangeRecordsDownCommand = u"moveRangeRecordsDown";
 inline constexpr TextView moveRangeBlockCommand = u"moveRangeBlock";
 inline constexpr TextView copyRangeBlockCommand = u"copyRangeBlock";
+/// A key was let go in the input box while a range is drawn: the drawing step and its status reading.
+inline constexpr TextView stepRangeCommand = u"stepRange";
 /// The Shift key alone: the reading of the fixed range.
 inline constexpr TextView readRangeCommand = u"Hread";
 

@@ -3,7 +3,8 @@
 #include "platform/code_page.h"
 #include "platform/number_text.h"
 #include "sheet/cell.h"
-#include "sheet/record_scan.h"
+#include "sheet/read_ahead.h"
+#include "sheet/record_file.h"
 #include "voice/announcement.h"
 #include "voice/cell_reading.h"
 #include "voice/speech_channel.h"
@@ -33,12 +34,23 @@ Text statusText(const ZORMOD& zormod) {
     switch (range.selectionKind) {
     case blockKind:
         // The word before the records has lost its first sign; users know it so.
-        return record + u" ｺｳﾓｸ" + item + u" " + u".ﾀｲｶｸﾊﾝｲ指定中" + cell + u"．ﾞｮｳ" + records + u" および" + u".ｺｳﾓｸ" + items +
-               u"のﾀｲｶｸﾊﾝｲ指定ずみ";
+        return record + u" ｺｳﾓｸ" + item + u" " + u".ﾀｲｶｸﾊﾝｲ指定中" + cell + u"．ﾞｮｳ" + records + u" および" + u".ｺｳﾓｸ" +
+               items + u"のﾀｲｶｸﾊﾝｲ指定ずみ";
     case recordKind:
         return record + u".ｷﾞｮｳﾊﾝｲ指定中" + cell + u"．ｷﾞｮｳ" + records + u"指定ずみ";
     default:
         return u"ｺｳﾓｸ" + item + u".ｺｳﾓｸﾊﾝｲ指定中" + cell + u"．ｺｳﾓｸ" + items + u"指定ずみ";
+    }
+}
+
+/// Hands each record first..last, as far as the file has it, to `use` with its number.
+template <typename Use> void eachRecord(ZORMOD& zormod, std::int32_t first, std::int32_t last, Use use) {
+    const ReadAheadScope ahead(zormod);
+    last = std::min(last, recordCount(zormod));
+    Bytes row;
+    for (std::int32_t record = first; record <= last; ++record) {
+        readRecord(zormod, 1, record, row);
+        use(record, BytesView(row));
     }
 }
 
@@ -71,9 +83,8 @@ public:
     void add(BytesView record) {
         // One byte more than the items have: what stands right behind the range is heard with it.
         const Selection& range = zormod_.selection;
-        const BytesView bytes = wholeRecords_
-                                    ? record.substr(0, dataLength)
-                                    : itemSpan(zormod_.items, record, range.selItemFrom, range.selItemTo, 1);
+        const BytesView bytes = wholeRecords_ ? record.substr(0, dataLength)
+                                              : itemSpan(zormod_.items, record, range.selItemFrom, range.selItemTo, 1);
         const CodePage& codePage = zormod_.platform.codePage;
         const Text part = trimmed(codePage.decode(bytes)) + u"次記録";
         text_ += part;
@@ -84,10 +95,11 @@ public:
         }
     }
 
-    Text text_;
+    const Text& text() const { return text_; }
 
 private:
     const ZORMOD& zormod_;
+    Text text_;
     bool wholeRecords_;
     std::size_t length_ = 0;
     bool isTold_ = false;
@@ -118,5 +130,5 @@ void Hread(ZORMOD& zormod) {
     FixedRangeText collected(zormod);
     eachRecord(zormod, wholeFile ? 1 : first, wholeFile ? INT32_MAX : last,
                [&](std::int32_t, BytesView record) { collected.add(record); });
-    sayText(zormod, collected.text_ + Text(kindWords(range.selectionKind)));
+    sayText(zormod, collected.text() + Text(kindWords(range.selectionKind)));
 }

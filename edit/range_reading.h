@@ -11,8 +11,8 @@ enum class RangeReading {
     data = 2,   ///< all data of the range
 };
 
-/// The form's readings, behind the throttle test. Ends that are drawn the wrong way round are told as they are; the data
-/// come in the order of the records. Needs a range: `selectionKind` 1 to 3.
+/// The form's readings, behind the throttle test. Ends that are drawn the wrong way round are told as they are; the
+/// data come in the order of the records. Needs a range: `selectionKind` 1 to 3.
 void RangeYOMi(ZORMOD& zormod, RangeReading reading);
 
 /// The reading of a fixed range, behind the throttle test: the data of each record, of an item range from the whole

@@ -1,6 +1,5 @@
 #include "edit/range_state.h"
 
-#include "platform/forms.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 
@@ -8,7 +7,11 @@
 #include <array>
 
 bool isBeingChosen(const Text& taskWord) {
-    static constexpr std::array<TextView, 5> words = {u"HTYU", u"copy", u"move", u"moveitem", u"moverecord"};
+    return taskWord == u"HTYU" || isTargeting(taskWord);
+}
+
+bool isTargeting(const Text& taskWord) {
+    static constexpr std::array<TextView, 4> words = {u"copy", u"move", u"moveitem", u"moverecord"};
     return std::find(words.begin(), words.end(), taskWord) != words.end();
 }
 
@@ -36,8 +39,5 @@ void dropRange(ZORMOD& zormod) {
     if (isBeingChosen(zormod.taskWord)) {
         zormod.taskWord.clear();
     }
-    zormod.selection = {};
-    zormod.platform.screen.hideMask();
-    zormod.platform.forms.close(rangeForm);
-    zormod.platform.forms.close(pointerForm);
+    giveUpSelection(zormod);
 }

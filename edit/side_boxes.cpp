@@ -14,6 +14,8 @@
 #include "voice/caret_reading.h"
 #include "voice/speech_channel.h"
 
+#include <utility>
+
 namespace {
 
 void setTyping(EditScreen& edit, PanelField field, bool isTyping) {
@@ -87,6 +89,10 @@ void sideBoxTyped(EditScreen& edit, PanelField field, const Text& text) {
         } else {
             showItemNumber(edit);
         }
+    } else if (field == PanelField::txtWIDTH) {
+        edit.txtWIDTH = text;
+    } else if (field == PanelField::txtLR) {
+        edit.txtLR = text;
     }
 }
 
@@ -139,7 +145,10 @@ void memoLeft(EditScreen& edit, const Text& text) {
     if (!hasTable(zormod) || zormod.file.tableMemo == text) {
         return;
     }
-    zormod.file.tableMemo = text;
+    const Text old = std::exchange(zormod.file.tableMemo, text);
     edit.RichTextBox2 = text;
     writeItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    if (!zormod.writeFlag.empty()) {
+        zormod.file.tableMemo = old; // so that leaving the box again writes it
+    }
 }

@@ -15,8 +15,8 @@ void sideBoxGotFocus(EditScreen& edit, PanelField field);
 /// The focus left a side box: typing in it is over.
 void sideBoxLostFocus(EditScreen& edit, PanelField field);
 
-/// The user changed the text of txtREC or txtItemnum. A number that is no item beeps in txtItemnum at once, and the box
-/// gets the current item back.
+/// The user changed the text of a side box. A number that is no item beeps in txtItemnum at once, and the box gets the
+/// current item back. txtWIDTH and txtLR hold what is typed until the next status update.
 void sideBoxTyped(EditScreen& edit, PanelField field, const Text& text);
 /// A key went down in txtREC or txtItemnum: from now on changes are typing.
 KeyOutcome sideBoxKeyDown(EditScreen& edit, PanelField field, const KeyStroke& stroke);

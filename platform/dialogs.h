@@ -23,9 +23,9 @@ public:
     virtual Answer askYesNoCancel(const Text& prompt, const Text& text) = 0;
     /// Shows the progress form `frmDOE` under the operation's `name` and returns at once: the caller's loop runs on. Until
     /// the form is closed only its stop button takes input, at the turns of the event loop that the loop gives; the
-    /// button sets `answers(0)`, which loading has set to 0, to 1. An empty caption means the form's own. A progress
-    /// form that is open already is used anew.
-    virtual void openProgress(const Text& name, const Text& caption) = 0;
+    /// button sets `answers(0)`, which loading has set to 0, to 1; without `canStop` the form has no button. An empty
+    /// caption means the form's own. A progress form that is open already is used anew.
+    virtual void openProgress(const Text& name, const Text& caption, bool canStop) = 0;
     /// Sets the progress label; nothing without the form.
     virtual void showProgress(const Text& text) = 0;
     /// Closes the progress form; nothing without it. The focus goes back to where it was, without a word.

@@ -22,6 +22,8 @@ struct RuntimeFailure {
     /// True only for a row of the table that could not be written. The row then stays in the window, so that the next
     /// leave can write it; after every other failure the window is read again from the file.
     bool rowWrite = false;
+    /// The user has been told already: nothing more is reported.
+    bool isTold = false;
 };
 
 /// The same where the program can't go on: the report is shown, then the program ends with a non-zero status.

@@ -22,8 +22,8 @@ public:
     /// for only at the end of the file.
     virtual std::size_t readAt(std::int64_t offset, char* into, std::size_t count) = 0;
     /// Writes all of `bytes` at the 0-based byte `offset` and returns when they are safely on the disk. Fails if the
-    /// file is open for reading only, or if its path no longer names this very file; a write that fails while the file
-    /// grows gives the file its old length back.
+    /// file is open for reading only, or if its path no longer names this very file. A write that fails gives the file its
+    /// old bytes and its old length back, as far as the disk still lets it.
     virtual void writeDurably(std::int64_t offset, BytesView bytes) = 0;
 };
 
@@ -89,6 +89,9 @@ public:
     virtual std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) = 0;
     /// Deletes a file. A file that doesn't exist, or a folder, is a failure.
     virtual void remove(const Text& path) = 0;
+    /// Deletes from a folder what killed programs have left there in the middle of replaceWhole or copy; what a running
+    /// program is writing stays.
+    virtual void removeLeftovers(const Text& folder) = 0;
     /// Makes a folder. One that exists already, or whose parent doesn't, is a failure.
     virtual void makeFolder(const Text& path) = 0;
     /// The letters of the drives there are now, in order. Media mounted since the last call have got letters of their

@@ -153,7 +153,7 @@ void BulkFiles::clear() {
 void takeUpNewTable(ZORMOD& zormod, BulkItems items) {
     if (items == BulkItems::other &&
         !readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
-        throw RuntimeFailure{FailureKind::file};
+        throw RuntimeFailure{.kind = FailureKind::file, .isTold = true}; // the refusal has told the user
     }
     openDataFile(zormod);
     computeItemStart(zormod.items);

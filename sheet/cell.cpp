@@ -26,20 +26,15 @@ std::size_t offsetOf(const ZORMOD& zormod, std::int64_t item) {
     return static_cast<std::size_t>(start - 1);
 }
 
-/// The value as the bytes of a cell of `width` bytes, by the item's alignment. Only exactly "R" is right.
-Bytes alignedCell(const ZORMOD& zormod, const Text& value, std::int64_t item, std::size_t width) {
-    Bytes bytes = zormod.platform.codePage.encode(value);
-    if (zormod.items.itemAlign[item] == u"R") {
-        if (bytes.size() >= width) {
-            return bytes.substr(bytes.size() - width);
-        }
-        return Bytes(width - bytes.size(), ' ') + bytes;
-    }
-    bytes.resize(width, ' ');
-    return bytes;
-}
-
 } // namespace
+
+Bytes alignedBytes(Bytes value, std::size_t width, bool toRight) {
+    if (!toRight) {
+        value.resize(width, ' ');
+        return value;
+    }
+    return value.size() < width ? Bytes(width - value.size(), ' ') + value : value.substr(value.size() - width);
+}
 
 Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
     const std::size_t offset = offsetOf(zormod, item);
@@ -77,7 +72,9 @@ void setSlotCell(ZORMOD& zormod, std::int64_t slot, const Text& value, std::int6
     const Bytes& row = zormod.window.recordWindow[slot];
     const std::size_t offset = offsetOf(zormod, item);
     Bytes changed = row.substr(0, std::min(offset, row.size()));
-    changed += alignedCell(zormod, value, item, widthOf(zormod, item));
+    // Only exactly "R" is right.
+    changed += alignedBytes(zormod.platform.codePage.encode(value), widthOf(zormod, item),
+                            zormod.items.itemAlign[item] == u"R");
     // Behind the last item nothing is carried over, its line end included: the ending comes back when the record is
     // written, and whatever stood behind the items is blank from then on.
     if (item != zormod.items.itemCount) {

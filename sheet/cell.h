@@ -26,5 +26,9 @@ void setSlotCell(ZORMOD& zormod, std::int64_t slot, const Text& value, std::int6
 /// Puts `boxText` into the current cell of the window and redraws its row. The file is not touched.
 void commitCell(ZORMOD& zormod, const Text& boxText);
 
+/// `value` at exactly `width` bytes: filled up with blanks, in front if `toRight`, else behind; of one that is too long
+/// the last or the first bytes are kept.
+Bytes alignedBytes(Bytes value, std::size_t width, bool toRight);
+
 /// The cell text as views show it: a cell of "/" characters only shows as blanks.
 Text shownCell(const ZORMOD& zormod, BytesView rec, std::int64_t item);

@@ -1,10 +1,10 @@
 #include "sheet/failure_recovery.h"
 
 #include "platform/dialogs.h"
-#include "platform/forms.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/selection.h"
 #include "sheet/swap_record.h"
 
 #include <algorithm>
@@ -50,11 +50,7 @@ void putStateRight(ZORMOD& zormod, const RuntimeFailure& failure) {
             reopenTable(zormod);
             return;
         }
-        zormod.selection = {};
-        zormod.platform.screen.hideMask();
-        // What was being drawn or moved is gone; the task word is empty, so they close without a word.
-        zormod.platform.forms.close(u"frmHANI");
-        zormod.platform.forms.close(u"frmMSSG");
+        giveUpSelection(zormod);
         readTableAgain(zormod);
     } catch (const RuntimeFailure&) {
         // The table itself can't be read any more; the report that follows tells the user so.

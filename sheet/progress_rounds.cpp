@@ -8,7 +8,7 @@ ProgressRounds::ProgressRounds(ZORMOD& zormod, const Text& name, bool canStop, s
     : zormod_(zormod), hasForm_(!name.empty()), canStop_(canStop && hasForm_), total_(total) {
     zormod_.results.answers[0] = 0.0;
     if (hasForm_) {
-        zormod_.platform.dialogs.openProgress(name, {});
+        zormod_.platform.dialogs.openProgress(name, {}, canStop);
     }
 }
 

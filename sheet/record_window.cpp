@@ -30,6 +30,21 @@ bool standsOnDisk(ZORMOD& zormod, std::int32_t recordNo, const Bytes& record) {
            std::equal(stored.begin(), stored.end(), record.begin());
 }
 
+void writeCurrentRow(ZORMOD& zormod, std::int32_t record) {
+    const Bytes& row = zormod.window.recordWindow[currentSlot(zormod)];
+    const std::int32_t records = recordCount(zormod);
+    if (record > records && (holdsOnly(row, zormod.window.slashLine) || holdsOnly(row, zormod.window.blankLine))) {
+        return;
+    }
+    const Bytes ended = endedRecord(row);
+    if (record == zormod.window.unsureRecord || !standsOnDisk(zormod, record, ended)) {
+        writeRecord(zormod, 1, record, ended);
+    }
+    if (record >= records) {
+        updateTitle(zormod);
+    }
+}
+
 } // namespace
 
 std::int64_t currentSlot(const ZORMOD& zormod) {
@@ -68,23 +83,16 @@ void scrollWindowUp(ZORMOD& zormod) {
 
 void commitRecord(ZORMOD& zormod) {
     const std::int32_t record = zormod.position.curRecord;
-    const Bytes& row = zormod.window.recordWindow[currentSlot(zormod)];
-    const std::int32_t records = recordCount(zormod);
-    if (record > records && (holdsOnly(row, zormod.window.slashLine) || holdsOnly(row, zormod.window.blankLine))) {
-        return;
+    std::int32_t& unsure = zormod.window.unsureRecord;
+    try {
+        writeCurrentRow(zormod, record);
+    } catch (RuntimeFailure& failure) {
+        // Also when nothing but a look at the file has failed: the row stays in the window, and the next leave writes it.
+        failure.rowWrite = failure.kind == FailureKind::file;
+        unsure = record;
+        throw;
     }
-    const Bytes ended = endedRecord(row);
-    if (!standsOnDisk(zormod, record, ended)) {
-        try {
-            writeRecord(zormod, 1, record, ended);
-        } catch (RuntimeFailure& failure) {
-            failure.rowWrite = true;
-            throw;
-        }
-    }
-    if (record >= records) {
-        updateTitle(zormod);
-    }
+    unsure = record == unsure ? 0 : unsure;
 }
 
 void openDataFile(ZORMOD& zormod) {

@@ -3,6 +3,7 @@
 #include "sheet/change_recovery.h"
 #include "sheet/record_file.h"
 #include "sheet/stored_numbers.h"
+#include "sheet/text_file_writer.h"
 #include "sheet/work_files.h"
 
 namespace {
@@ -91,6 +92,11 @@ void finishInterrupted(ZORMOD& zormod, const Text& fileName, const Text& drive) 
 
 void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     finishInterrupted(zormod, fileName, drive);
+    tidy([&] {
+        zormod.platform.files.removeLeftovers(fullPath(drive, TextView(fileName).substr(0, lastPosition(fileName, u"\\"))));
+        zormod.platform.files.removeLeftovers(zormod.file.programFolder);
+    });
+    tidy([&] { clearUnfinishedTextFiles(zormod); });
     tidy([&] {
         removeIfThere(zormod, newFilePath(drive, fileName));
         if (const auto claim = claimWorkFiles(zormod, drive)) {

@@ -39,7 +39,8 @@ void finishSwap(ZORMOD& zormod, const Text& fileName, const Text& drive);
 /// finishSwap, and the same for a change in place (sheet/change_recovery.h): whoever is about to work on the table calls it.
 void finishInterrupted(ZORMOD& zormod, const Text& fileName, const Text& drive);
 
-/// Takes back or finishes what a killed or failed rewrite left, of this table and of the work files of its drive. Called
+/// Takes back or finishes what a killed or failed rewrite left, of this table and of the work files of its drive, and
+/// deletes what killed programs left half written in the table's folder and in the program's. Called
 /// once at every opening of a table, behind its claim and before its K file is read. Fails as finishSwap does; leftovers
 /// that can't be deleted now, or that another running copy is at work on, stay for the next time.
 void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive);

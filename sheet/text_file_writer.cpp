@@ -7,6 +7,18 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// All files that are written in this way; they lie in the current folder.
+constexpr TextView textFiles[] = {u"ZORCLip", u"ZORCLip.bak"};
+
+Text unfinishedPath(Text path) {
+    path.insert(std::max(lastPosition(path, u"\\"), lastPosition(path, u":")), u".new-");
+    return path;
+}
+
+} // namespace
+
 TextFileWriter::TextFileWriter(ZORMOD& zormod, int fileNo, const Text& path)
     : zormod_(zormod), fileNo_(fileNo), path_(path) {
     removeIfThere(zormod, newPath());
@@ -53,7 +65,16 @@ void TextFileWriter::putInPlace() {
 }
 
 Text TextFileWriter::newPath() const {
-    Text path = path_;
-    path.insert(std::max(lastPosition(path, u"\\"), lastPosition(path, u":")), u".new-");
-    return path;
+    return unfinishedPath(path_);
+}
+
+void clearUnfinishedTextFiles(ZORMOD& zormod) {
+    Files& files = zormod.platform.files;
+    const auto claim = files.lockFolder(files.currentFolder());
+    if (!claim) {
+        return;
+    }
+    for (const TextView name : textFiles) {
+        removeIfThere(zormod, unfinishedPath(Text(name)));
+    }
 }

@@ -3,7 +3,8 @@
 // length: so a failure or a kill leaves the old file, and a shorter file never keeps the tail of a longer one. Used for
 // the clip file and its backup, which grow with the table.
 //
-//   .new-NAME   beside the file NAME: what is being written; a kill leaves it behind, the next writer replaces it
+//   .new-NAME   beside the file NAME: what is being written; a kill leaves it behind, and the next opening of a table or
+//               the next writer takes it away
 
 #include "sheet/zormod.h"
 
@@ -35,3 +36,7 @@ private:
     BulkFile* file_ = nullptr; ///< held by the shared state
     std::int64_t length_ = 0;
 };
+
+/// Deletes what killed writers left of the clip file and its backup, unless another running copy is at work there.
+/// Throws a RuntimeFailure of kind file.
+void clearUnfinishedTextFiles(ZORMOD& zormod);

@@ -60,6 +60,7 @@ struct RecordWindow {
     CheckedArray<Bytes, windowSlots> recordWindow;
     const Bytes blankLine = Bytes(dataLength, ' ');
     const Bytes slashLine = Bytes(dataLength, '/');
+    std::int32_t unsureRecord = 0; ///< the record whose last write failed: what reads back of it may not be on the disk
     std::array<char, recordLength> cellBuffer{}; ///< shared by readRecord and writeRecord, keeps the last record read
 };
 

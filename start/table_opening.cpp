@@ -6,6 +6,7 @@
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/selection.h"
 #include "sheet/swap_record.h"
 
 OldTable::OldTable(ZORMOD& zormod)
@@ -63,8 +64,7 @@ bool openInsteadOfOld(ZORMOD& zormod, const Text& fileName, const Text& fileDriv
     zormod.file.fileDrive = fileDrive;
     try {
         if (openNamedTable(zormod)) {
-            zormod.selection = {};
-            zormod.platform.screen.hideMask();
+            giveUpSelection(zormod);
             fillFirstWindow(zormod);
             updateTitle(zormod);
             return true;

@@ -49,7 +49,7 @@ bool hasName(const Text& path) {
 Target targetOf(const TableDesign& design) {
     const std::size_t colon = design.text3.find(u':');
     if (colon == Text::npos) {
-        return {design.drive1.substr(0, 1), design.text3};
+        return {lowerCase(TextView(design.references.path()).substr(0, 1)), design.text3};
     }
     return {design.text3.substr(0, colon), design.text3.substr(colon + 1)};
 }
@@ -93,7 +93,9 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
 /// The open table goes on under its changed design.
 void goOnWithTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
-    readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
+    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
+        throw RuntimeFailure{.kind = FailureKind::file, .isTold = true}; // the refusal has told the user
+    }
     computeItemStart(zormod.items);
     const Position& before = design.before.position;
     Position& position = zormod.position;

@@ -1,9 +1,12 @@
 #include "structure/design_reference.h"
 
+#include "platform/beeper.h"
+#include "platform/letter_case.h"
 #include "platform/number_text.h"
 #include "sheet/item_fields.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "start/make_folder.h"
 #include "voice/speech_channel.h"
 
 #include <algorithm>
@@ -54,10 +57,6 @@ Result readRows(ZORMOD& zormod, const Text& path, std::vector<DesignRow>& rows) 
     return {};
 }
 
-Text joined(const Text& folder, const Text& name) {
-    return folder.empty() || folder.back() == u'\\' ? folder + name : folder + u"\\" + name;
-}
-
 /// A comma would move the fields of the K file along in which the memo stands.
 Text noteOf(const Text& entry) {
     Text name = entry.substr(1);
@@ -92,10 +91,20 @@ Result readItemFileToDesign(TableDesign& design, const Text& fileName, const Tex
     }
 }
 
-void takeReference(TableDesign& design, const Text& entry) {
-    const Text path = joined(design.dir1, entry.substr(1));
-    const Text fileDrive = design.drive1.substr(0, 1);
-    const Text fileName = path.substr(std::min<std::size_t>(2, path.size()));
+void showReferences(TableDesign& design) {
+    design.referencesShown = true;
+    design.references.refresh();
+}
+
+void takeReference(TableDesign& design) {
+    const Text entry = design.references.selectedName();
+    if (entry.empty()) {
+        design.zormod.platform.beeper.beep();
+        return;
+    }
+    const Text path = pathInFolder(design.references.path(), entry.substr(1));
+    const Text fileDrive = lowerCase(TextView(path).substr(0, 1));
+    const Text fileName = path.substr(2);
     const bool isChange = design.mode == DesignMode::change;
     const Result result = isChange ? readItemFileToDesign(design, fileName, fileDrive)
                                    : readRowsAsTable(design, fileName, fileDrive);
@@ -111,10 +120,10 @@ void takeReference(TableDesign& design, const Text& entry) {
     }
 }
 
-Text referenceReading(ZORMOD& zormod, const Text& folder, const Text& entry) {
+Text referenceReading(TableDesign& design, const Text& entry) {
     const Text name = entry + Text(periodPause);
     try {
-        ItemFields fields(itemFileContents(zormod, joined(folder, entry)));
+        ItemFields fields(itemFileContents(design.zormod, pathInFolder(design.references.path(), entry)));
         const double count = readHead(fields).count;
         if (!isItemCount(count)) {
             return name;

@@ -5,10 +5,6 @@
 #include "sheet/item_file.h"
 #include "structure/table_design.h"
 
-/// The pattern of the reference list.
-inline constexpr TextView referencePattern = u"k?*.txt";
-/// Said of a folder without any file for the list.
-inline constexpr TextView noReferences = u"現在のﾌｫﾙﾀﾞには該当ﾌｧｲﾙはありませんﾌｫﾙﾀﾞを変更してください";
 /// Said when the list is closed.
 inline constexpr TextView referencesClosed = u"参照ファイルリストクローズ";
 
@@ -18,13 +14,16 @@ inline constexpr TextView referencesClosed = u"参照ファイルリストクロ
 /// closed.
 Result readItemFileToDesign(TableDesign& design, const Text& fileName, const Text& fileDrive);
 
-/// The file `entry` of the list has been chosen: the grid becomes its design. A new table gets a memo that names the
-/// source. After a refusal, which the user has been told of, the old table is open again.
-void takeReference(TableDesign& design, const Text& entry);
+/// `Command3` opens the list; its folder is read anew.
+void showReferences(TableDesign& design);
+
+/// The selected file of the list has been chosen: the grid becomes its design. A new table gets a memo that names the
+/// source. After a refusal, which the user has been told of, the old table is open again. Without a selection it beeps.
+void takeReference(TableDesign& design);
 
 /// What is said of the file `entry` of the list as it is reached: its name, number of items and first item. A file that
-/// is no K file is only named.
-Text referenceReading(ZORMOD& zormod, const Text& folder, const Text& entry);
+/// is no K file is only named. It ends in a pause.
+Text referenceReading(TableDesign& design, const Text& entry);
 
 /// Puts files, names and items back as they were before the form was opened, without reading anything.
 void restoreTable(TableDesign& design);

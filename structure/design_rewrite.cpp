@@ -1,6 +1,7 @@
 #include "structure/design_rewrite.h"
 
 #include "platform/code_page.h"
+#include "sheet/cell.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "structure/design_checks.h"
@@ -15,15 +16,6 @@ Bytes oldValue(const CodePage& codePage, BytesView record, const ItemTable& old,
     }
     const auto width = static_cast<std::size_t>(old.itemWidth[item]);
     return codePage.encode(trimmed(codePage.decode(record.substr(from, width))));
-}
-
-/// The value at exactly `width` bytes.
-Bytes fitted(Bytes value, std::size_t width, bool toRight) {
-    if (!toRight) {
-        value.resize(width, ' ');
-        return value;
-    }
-    return value.size() < width ? Bytes(width - value.size(), ' ') + value : value.substr(value.size() - width);
 }
 
 } // namespace
@@ -45,7 +37,7 @@ Bytes rewrittenRecord(const CodePage& codePage, BytesView record, const ItemTabl
     Bytes row;
     for (std::int16_t item = 0; item <= made.itemCount; ++item) {
         const bool hadCell = item <= old.itemCount && old.itemWidth[item] != 0;
-        row += fitted(hadCell ? oldValue(codePage, record, old, item) : Bytes(),
+        row += alignedBytes(hadCell ? oldValue(codePage, record, old, item) : Bytes(),
                       static_cast<std::size_t>(made.itemWidth[item]), made.itemAlign[item] == u"R");
     }
     return endedRecord(row);

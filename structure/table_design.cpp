@@ -1,6 +1,5 @@
 #include "structure/table_design.h"
 
-#include "platform/letter_case.h"
 #include "platform/number_text.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
@@ -43,13 +42,13 @@ Text DesignRow::*textOf(DesignColumn column) {
 
 } // namespace
 
-TableDesign::TableDesign(ZORMOD& state) : zormod(state), mode(modeOf(state.taskWord)), rows(1) {
+TableDesign::TableDesign(ZORMOD& state)
+    : zormod(state), mode(modeOf(state.taskWord)), rows(1), references(state, referencePattern) {
     const FileIdentity& file = zormod.file;
     before = {file, zormod.items, zormod.position, hasTable(zormod)};
     const Text path = openPath(file);
     text3 = folderOf(path);
-    dir1 = text3.size() > 3 ? text3.substr(0, text3.size() - 1) : text3;
-    drive1 = lowerCase(path.substr(0, 1)) + u":";
+    references.start(text3);
     if (mode == DesignMode::change) {
         text3 = path;
         text2 = file.tableMemo;

@@ -6,8 +6,12 @@
 // the records on the screen and on the disk are still cut by them.
 
 #include "sheet/zormod.h"
+#include "start/folder_browser.h"
 
 #include <vector>
+
+/// The pattern of the list of other tables.
+inline constexpr TextView referencePattern = u"k?*.txt";
 
 /// What the form is open for. Taken from the task word when it opens.
 enum class DesignMode {
@@ -58,9 +62,9 @@ struct TableDesign {
     Text text1; ///< item count as typed
     Text text2; ///< table memo
     Text text3; ///< file name
-    Text drive1; ///< drive of the reference list, "c:"
-    Text dir1;   ///< folder of the reference list
+    FolderBrowser references; ///< other tables as sources of the design; starts in the table's folder
     bool referencesShown = false;
+    bool isClosed = false; ///< the form is going away: leaving a box tells and takes nothing any more
 };
 
 /// Number of the last item in the grid.

@@ -94,7 +94,8 @@ void readRowKey(ZORMOD& zormod) {
     const std::int16_t kind = zormod.selection.selectionKind;
     if (kind == 1 || kind == 3) {
         reading += codePage.decode(itemSpan(zormod.items, currentRow(zormod), zormod.selection.selItemFrom,
-                                            zormod.selection.selItemTo)) + u"ｺｳﾓｸﾊﾝｲ指定ｱﾘ";
+                                            zormod.selection.selItemTo)) +
+                   u"ｺｳﾓｸﾊﾝｲ指定ｱﾘ";
     } else {
         reading += trimmed(codePage.decode(currentRow(zormod).substr(0, dataLength)));
     }

@@ -2,6 +2,7 @@
 
 #include "edit/cell_pick.h"
 #include "edit/forms/form1_menus.h"
+#include "edit/forms/menu_rows.h"
 #include "edit/forms/menu_voice.h"
 #include "edit/forms/panel.h"
 #include "edit/forms/panel_binding.h"
@@ -58,7 +59,7 @@ Form1::Form1(const FormContext& context, EditScreen& edit, InputBox& inputBox, c
         stack_->addWidget(view);
     }
     buildMenus(*menuBar(), menus, context);
-    new MenuVoice(*menuBar(), context);
+    layout->insertWidget(0, new MenuRows(*menuBar(), *new MenuVoice(*menuBar(), context), body));
     for (const TextView entry : {u"mnuDTKN", u"mnuDTKEX", u"mnuDTKOFF", u"mnuJY"}) {
         mark(entry, false);
     }
@@ -104,6 +105,8 @@ void Form1::labelUsed(PanelLabel label) {
         return commands.run(u"mnuIDAUTO");
     case PanelLabel::Label6:
         return commands.run(u"Label6");
+    case PanelLabel::lblWIDTH:
+        return commands.run(u"mnuFLN");
     }
 }
 

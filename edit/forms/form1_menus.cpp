@@ -19,7 +19,7 @@ QAction* makeAction(QMenuBar& bar, const MenuEntry& entry, const FormContext& co
         action->setShortcut(QKeySequence(toQt(entry.key), QKeySequence::PortableText));
     }
     QObject::connect(
-        action, &QAction::triggered, &bar,
+        action, &QAction::triggered, action, // a bar forgets an action that moves to another row
         context.guard.wrap([&zormod = context.zormod, name = entry.name] { zormod.platform.commands.run(name); }));
     return action;
 }

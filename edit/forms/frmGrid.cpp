@@ -115,6 +115,12 @@ void frmGrid::markRange() {
         QItemSelectionModel::ClearAndSelect);
 }
 
+void frmGrid::followLetters() {
+    fitLetters(*Grid1, *this);
+    fitColumns();
+    redraw();
+}
+
 void frmGrid::showEvent(QShowEvent* event) {
     View::showEvent(event);
     context_.guard.run([this] { redraw(); });

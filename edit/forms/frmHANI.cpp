@@ -17,7 +17,8 @@ namespace {
 
 FormVoice rangeVoice() {
     // Nothing is said on opening: the key that began the range says the first step when it is let go.
-    return {.description = [] { return Text(u"矢印操作、ctrl+矢印操作やctrl+Jなどの、ジャンプ操作で、範囲を指定ｼﾃｸﾀﾞｻｲ。"); },
+    return {.description =
+                [] { return Text(u"矢印操作、ctrl+矢印操作やctrl+Jなどの、ジャンプ操作で、範囲を指定ｼﾃｸﾀﾞｻｲ。"); },
             .opening = [] { return Text(); }};
 }
 
@@ -26,9 +27,9 @@ struct RangeField {
     TextView label;
 };
 constexpr std::array<RangeField, 4> rangeFields = {{{u"Text1", u"はじめの記録ﾃｷｽﾄﾎﾞｯｸｽ"},
-                                                   {u"Text2", u"おわりの記録ﾃｷｽﾄﾎﾞｯｸｽ"},
-                                                   {u"Text3", u"はじめの項目ﾃｷｽﾄﾎﾞｯｸｽ"},
-                                                   {u"Text4", u"おわりの項目ﾃｷｽﾄﾎﾞｯｸｽ"}}};
+                                                    {u"Text2", u"おわりの記録ﾃｷｽﾄﾎﾞｯｸｽ"},
+                                                    {u"Text3", u"はじめの項目ﾃｷｽﾄﾎﾞｯｸｽ"},
+                                                    {u"Text4", u"おわりの項目ﾃｷｽﾄﾎﾞｯｸｽ"}}};
 
 } // namespace
 
@@ -62,7 +63,9 @@ frmHANI::frmHANI(const FormContext& context, RangeDrawing& drawing, QWidget* own
     moveOutOfTheWay();
 }
 
-frmHANI::~frmHANI() { drawing_.onShown({}); }
+frmHANI::~frmHANI() {
+    drawing_.onShown({});
+}
 
 void frmHANI::layOut() {
     auto* layout = new QGridLayout(this);
@@ -102,9 +105,8 @@ void frmHANI::addKeyBox() {
 
 void frmHANI::addButtons() {
     ZORMOD& zormod = context().zormod;
-    spoken().add(*done_, u"Command2", {.onFocus = [&zormod] {
-        sayThrottled(zormod, u"ﾊﾝｲｼﾃｲ ｵﾜﾘ" + Text(commaPause) + Text(buttonWord));
-    }});
+    spoken().add(*done_, u"Command2",
+                 {.onFocus = [&zormod] { sayThrottled(zormod, u"ﾊﾝｲｼﾃｲ ｵﾜﾘ" + Text(commaPause) + Text(buttonWord)); }});
     spoken().add(*giveUp_, u"Command1", {.onFocus = [&zormod] { sayThrottled(zormod, u"ﾊﾝｲｼﾃｲﾄﾘｹｼ(esc)"); }});
     done_->onClick([this] { drawing_.finish(); });
     giveUp_->onClick([this] { drawing_.cancel(); });

@@ -11,8 +11,8 @@ class KeyButton;
 class KeyLineEdit;
 class QLabel;
 
-/// `frmHANI`: the ends of the range `Text1` to `Text4`, the key box `Text5`, the buttons `Command2` (done) and `Command1`
-/// (give up), and the prompt `Label6`.
+/// `frmHANI`: the ends of the range `Text1` to `Text4`, the key box `Text5`, the buttons `Command2` (done) and
+/// `Command1` (give up), and the prompt `Label6`.
 class frmHANI : public SpokenDialog {
     Q_OBJECT
 public:

@@ -67,6 +67,12 @@ void frmKOJIND::redrawCurrentRow() {
     redraw();
 }
 
+void frmKOJIND::followLetters() {
+    fitLetters(*Grid1, *this);
+    fitColumns();
+    redraw();
+}
+
 void frmKOJIND::showEvent(QShowEvent* event) {
     View::showEvent(event);
     context_.guard.run([this] { redraw(); });

@@ -19,6 +19,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void followLetters() override;
 
 private:
     void fitColumns();

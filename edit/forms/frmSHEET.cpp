@@ -116,6 +116,10 @@ void frmSHEET::changeSize(std::optional<int> size) {
     redraw();
 }
 
+void frmSHEET::followLetters() {
+    changeSize(startSize(*this));
+}
+
 void frmSHEET::useSize(int size) {
     size_ = size;
     place_.font = sheetFont(fontPixels(size));

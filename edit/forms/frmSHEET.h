@@ -27,6 +27,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void followLetters() override;
 
 private:
     void changeSize(std::optional<int> size);

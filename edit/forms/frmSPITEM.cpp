@@ -11,6 +11,7 @@
 namespace {
 
 constexpr QSize startSize(360, 80);
+constexpr int margin = 48; // for the window's frame
 
 } // namespace
 
@@ -30,8 +31,8 @@ frmSPITEM::frmSPITEM(const FormContext& context, EditScreen& edit, QWidget* owne
     showCell();
     resize(startSize);
     if (owner != nullptr) {
-        // In the corner that the boxes of the panel reach last.
-        move(owner->geometry().topRight() - QPoint(startSize.width() + startSize.height(), 0));
+        // Clear of the menus and the panel, in the corner that the records reach last.
+        move(owner->geometry().bottomRight() - QPoint(startSize.width() + margin, startSize.height() + margin));
     }
 }
 

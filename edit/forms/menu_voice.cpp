@@ -13,12 +13,16 @@
 #include <utility>
 
 MenuVoice::MenuVoice(QMenuBar& bar, const FormContext& context) : QObject(&bar), context_(context) {
-    connect(&bar, &QMenuBar::hovered, this, &MenuVoice::highlighted);
+    listenTo(bar);
     for (const QAction* action : bar.actions()) {
         if (const QMenu* menu = action->menu()) {
             connect(menu, &QMenu::hovered, this, &MenuVoice::highlighted);
         }
     }
+}
+
+void MenuVoice::listenTo(const QMenuBar& row) {
+    connect(&row, &QMenuBar::hovered, this, &MenuVoice::highlighted);
 }
 
 Text MenuVoice::textOf(const QAction& action) {

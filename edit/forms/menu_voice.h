@@ -13,11 +13,13 @@
 class QAction;
 class QMenuBar;
 
-/// Speaks for one menu bar and all menus in it; a child of the bar.
+/// Speaks for one menu bar and all menus in it, wherever they move; a child of the bar.
 class MenuVoice : public QObject {
     Q_OBJECT
 public:
     MenuVoice(QMenuBar& bar, const FormContext& context);
+    /// Speaks for another row of the same menus too.
+    void listenTo(const QMenuBar& row);
 
     /// What `action` says as it stands.
     static Text textOf(const QAction& action);

@@ -47,7 +47,7 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     addPair(addMouseLabel(PanelLabel::Label2, "Label2", u"記録番号"), PanelField::txtREC);
     addPair(addMouseLabel(PanelLabel::Label3, "Label3", u"項目番号"), PanelField::txtItemnum);
     addPair(addLabel("lblName", u"項目名"), PanelField::RichTextBox1);
-    addPair(addLabel("lblWIDTH", u"項目幅"), PanelField::txtWIDTH);
+    addPair(addMouseLabel(PanelLabel::lblWIDTH, "lblWIDTH", u"項目幅"), PanelField::txtWIDTH);
     addPair(addLabel("lblLR", u"配置"), PanelField::txtLR);
     addPair(addLabel("lblCount", u"項目数"), PanelField::Text1);
     addPair(addMouseLabel(PanelLabel::Label4, "Label4", u"ＩＤ :"), PanelField::Label13);
@@ -171,6 +171,11 @@ void Panel::fitBoxes() {
     // A change asks the toolkit to lay everything out, and that comes back here: it must not go round for ever.
     if (changed) {
         content_->layout()->invalidate();
+    }
+    // The line of a mark that has come or gone takes or gives room without any box being another.
+    const int height = sizeHint().height();
+    if (changed || height != askedHeight_) {
+        askedHeight_ = height;
         updateGeometry();
     }
 }

@@ -15,7 +15,7 @@ class KeyLineEdit;
 class QLabel;
 
 /// A label that a mouse can be used on.
-enum class PanelLabel { Label2, Label3, Label4, Label6, lblJITEM };
+enum class PanelLabel { Label2, Label3, Label4, Label6, lblJITEM, lblWIDTH };
 
 /// The panel.
 class Panel : public QScrollArea {
@@ -63,4 +63,5 @@ private:
     std::function<void(PanelLabel)> labelRule_;
     QLabel* lblSpeek;
     int inputBytes_ = 20;
+    int askedHeight_ = 0; ///< the height that the window has been asked for
 };

@@ -5,6 +5,5 @@
 #include "voice/forms/form_table.h"
 
 void addRangeForms(FormTable& forms, const FormContext& context, RangeDrawing& drawing) {
-    forms.addModeless(rangeForm,
-                      [&context, &drawing](QWidget* owner) { return new frmHANI(context, drawing, owner); });
+    forms.addModeless(rangeForm, [&context, &drawing](QWidget* owner) { return new frmHANI(context, drawing, owner); });
 }

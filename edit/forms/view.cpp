@@ -1,10 +1,12 @@
 #include "edit/forms/view.h"
 
 #include "edit/forms/flow_layout.h"
+#include "platform/qt/guard.h"
 #include "platform/qt/key_button.h"
 #include "platform/qt/qt_text.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -50,6 +52,14 @@ void View::showCellInEcho() {}
 void View::paintMask(MaskKind, const CellRange&) {}
 
 void View::hideMask() {}
+
+void View::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // The base tells of the font that it gets while it is made, too.
+    if (event->type() == QEvent::FontChange && isVisible()) {
+        context_.guard.run([this] { followLetters(); });
+    }
+}
 
 void View::setHeading(TextView caption) {
     heading_->setText(toQt(caption));

@@ -46,6 +46,9 @@ public:
     virtual void hideMask();
 
 protected:
+    void changeEvent(QEvent* event) override;
+    /// The letters of the desktop have become larger or smaller; called inside the guard.
+    virtual void followLetters() = 0;
     /// A caption that tells where the user is.
     void setHeading(TextView caption);
     /// Takes in a widget that the mouse can give the focus; it says nothing by itself.

@@ -9,8 +9,6 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     auto* table = new QTableView(parent);
     table->setObjectName(QStringLiteral("Grid1"));
     table->setModel(model);
-    const SheetFont font = sheetFont(fontPixels(startSize(*parent)));
-    table->setFont(font.font);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // The marks follow the program, never the mouse: a click goes to the program, which then marks the cell.
     table->setSelectionMode(QAbstractItemView::NoSelection);
@@ -20,10 +18,8 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->verticalHeader()->hide();
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(font.rowHeight);
-    table->horizontalHeader()->setFont(font.font);
-    table->verticalHeader()->setFont(font.font);
     table->verticalHeader()->setFocusPolicy(Qt::NoFocus);
+    fitLetters(*table, *parent);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setFocusPolicy(Qt::NoFocus);
@@ -34,6 +30,14 @@ QTableView* makeViewTable(QAbstractItemModel* model, QWidget* parent) {
                      palette.color(QPalette::Active, QPalette::HighlightedText));
     table->setPalette(palette);
     return table;
+}
+
+void fitLetters(QTableView& table, const QWidget& view) {
+    const SheetFont font = sheetFont(fontPixels(startSize(view)));
+    table.setFont(font.font);
+    table.horizontalHeader()->setFont(font.font);
+    table.verticalHeader()->setFont(font.font);
+    table.verticalHeader()->setDefaultSectionSize(font.rowHeight);
 }
 
 void markCell(QTableView& table, int row, int column) {

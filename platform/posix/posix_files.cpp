@@ -3,6 +3,7 @@
 #include "platform/failure.h"
 #include "platform/posix/folder_listing.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/hidden_files.h"
 #include "platform/posix/move_into_place.h"
 #include "platform/posix/posix_bulk_file.h"
 #include "platform/posix/posix_random_file.h"
@@ -98,10 +99,15 @@ void PosixFiles::remove(const Text& path) {
     syncFolder(openParentOf(native));
 }
 
+void PosixFiles::removeLeftovers(const Text& folder) { ::removeLeftovers(paths_.native(folder)); }
+
 void PosixFiles::makeFolder(const Text& path) {
-    if (mkdir(paths_.native(path).c_str(), 0777) != 0) {
+    const std::string native = paths_.native(path);
+    if (mkdir(native.c_str(), 0777) != 0) {
         failFile();
     }
+    // A table that is made in it next must not vanish with the folder.
+    syncFolder(openParentOf(native));
 }
 
 std::vector<Text> PosixFiles::drives() {

@@ -31,6 +31,7 @@ public:
     std::unique_ptr<TableLock> lockFolder(const Text& path) override;
     std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override;
     void remove(const Text& path) override;
+    void removeLeftovers(const Text& folder) override;
     void makeFolder(const Text& path) override;
     std::vector<Text> drives() override;
     FolderContents folderContents(const Text& path) override;

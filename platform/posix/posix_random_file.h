@@ -16,7 +16,7 @@ public:
     void writeDurably(std::int64_t offset, BytesView bytes) override;
 
 private:
-    void shrinkBackTo(std::int64_t oldLength);
+    void putBack(std::int64_t offset, BytesView old, std::int64_t oldLength);
 
     OpenedFile file_;
 };

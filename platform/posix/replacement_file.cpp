@@ -1,13 +1,11 @@
 #include "platform/posix/replacement_file.h"
 
 #include "platform/posix/folders.h"
+#include "platform/posix/hidden_files.h"
 #include "platform/posix/name_lookup.h"
 
-#include <array>
 #include <cstdio>
 #include <fcntl.h>
-#include <string_view>
-#include <sys/random.h>
 #include <unistd.h>
 
 namespace {
@@ -15,21 +13,8 @@ namespace {
 constexpr mode_t permissionBits = 07777;
 constexpr std::size_t blockLength = 1 << 16;
 
-/// A name that nobody else uses: even two copies of the program that write the same file at once differ.
-std::string hiddenName() {
-    std::array<unsigned char, 12> random{};
-    if (uninterrupted([&] { return getrandom(random.data(), random.size(), 0); }) !=
-        static_cast<ssize_t>(random.size())) {
-        failFile();
-    }
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string name = ".romika-";
-    for (const unsigned char byte : random) {
-        name += digits[byte >> 4];
-        name += digits[byte & 15];
-    }
-    return name;
-}
+/// Nobody else may look into what is to take the place of a file, until it has that file's permissions.
+mode_t modeFor(const std::optional<Status>& old) { return old ? 0600 : 0666; }
 
 } // namespace
 
@@ -55,7 +40,14 @@ std::optional<Status> replaceable(const std::string& path) {
     return old;
 }
 
-ReplacementFile::ReplacementFile(const std::string& path) : ReplacementFile(path, hiddenName()) {}
+ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks(path)) {
+    const std::optional<Status> old = replaceable(target_);
+    folder_ = openParentOf(target_);
+    HiddenFile hidden = makeHiddenFile(parentOf(target_), modeFor(old));
+    temporary_.path = std::move(hidden.path);
+    file_ = std::move(hidden.file);
+    takeOverFrom(old);
+}
 
 ReplacementFile::ReplacementFile(const std::string& path, const std::string& temporaryName)
     : target_(withoutLinks(path)) {
@@ -65,11 +57,15 @@ ReplacementFile::ReplacementFile(const std::string& path, const std::string& tem
     if (unlink(temporary.c_str()) != 0 && errno != ENOENT) {
         failFile();
     }
-    file_ = openNative(temporary, O_RDWR | O_CREAT | O_EXCL, old ? 0600 : 0666);
+    file_ = openNative(temporary, O_RDWR | O_CREAT | O_EXCL, modeFor(old));
     if (!file_.isOpen()) {
         failFile();
     }
     temporary_.path = temporary;
+    takeOverFrom(old);
+}
+
+void ReplacementFile::takeOverFrom(const std::optional<Status>& old) {
     if (old) {
         takeOver(file_, *old);
     }

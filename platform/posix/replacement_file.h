@@ -1,7 +1,7 @@
 #pragma once
 // A file that is written beside another one and then takes its place in one step, so that a reader, or a kill at any
 // moment, meets the old contents or the new ones. Called by PosixFiles. Its name until then is hidden, belongs to no
-// other file, and goes away with the object; only a kill leaves it behind.
+// other file, and goes away with the object; only a kill leaves it behind (hidden_files.h).
 //
 // Beside, because a rename can't cross disks. The name of a link leads to the file that takes the bytes: links stay
 // links. The new file keeps the permissions of the old one, and its owner as far as the user may give files away; other
@@ -9,6 +9,7 @@
 
 #include "platform/posix/descriptor.h"
 
+#include <optional>
 #include <string>
 
 /// Gives `file` the permissions of the file it is to replace, and its owner as far as the user may give files away.
@@ -45,6 +46,8 @@ private:
         ~TemporaryName();
         std::string path;
     };
+
+    void takeOverFrom(const std::optional<Status>& old);
 
     std::string target_;
     Descriptor folder_;

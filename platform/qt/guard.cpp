@@ -49,7 +49,9 @@ void EventGuard::recover(const RuntimeFailure& failure, const Position& before) 
         setPending(end);
         return;
     }
-    run([&] { zormod_.platform.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle)); });
+    if (!failure.isTold) {
+        run([&] { zormod_.platform.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle)); });
+    }
 }
 
 void EventGuard::endFatally(const FatalFailure& failure) {

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
+#include <limits>
+
 namespace {
 
 // A key whose release went to another program would count as held for ever. No keyboard pauses longer than this
@@ -19,7 +21,7 @@ quint64 identity(const QKeyEvent& event) {
 
 } // namespace
 
-HeldKeys::HeldKeys() {
+HeldKeys::HeldKeys(IsUp isUp) : isUp_(std::move(isUp)) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -40,8 +42,21 @@ bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
         return pressed(static_cast<QKeyEvent&>(*event));
     case QEvent::KeyRelease:
         return released(static_cast<QKeyEvent&>(*event));
+    case QEvent::WindowActivate:
+        forgetLetGo();
+        return false;
     default:
         return QObject::eventFilter(watched, event);
+    }
+}
+
+// Between two windows nobody is told of a release: neither the one that has gone nor the one that isn't active yet.
+void HeldKeys::forgetLetGo() {
+    if (isUp_) {
+        std::erase_if(held_, [this](const auto& entry) {
+            const quint64 id = entry.first;
+            return id <= std::numeric_limits<quint32>::max() && isUp_(static_cast<quint32>(id));
+        });
     }
 }
 

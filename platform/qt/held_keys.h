@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <map>
 
 class QKeyEvent;
@@ -15,7 +16,9 @@ class QKeyEvent;
 /// The held keys, kept up to date by an event filter on the application.
 class HeldKeys : public QObject {
 public:
-    HeldKeys();
+    /// Tells of a physical key, by its scan code, whether it is up at this moment; false where nobody can know.
+    using IsUp = std::function<bool(quint32 scanCode)>;
+    explicit HeldKeys(IsUp isUp = {});
 
     /// Makes every key that is held now mute: no repeat and no key up of it reaches anybody until it is let go.
     void muteHeld();
@@ -37,6 +40,9 @@ private:
     bool pressed(QKeyEvent& event);
     bool released(const QKeyEvent& event);
     bool isStale(const QKeyEvent& event);
+    void forgetLetGo();
+
+    IsUp isUp_;
 
     std::map<quint64, Held> held_;
     KeyStroke lastReleased_;

@@ -1,15 +1,14 @@
 #include "platform/qt/romika_application.h"
 
 #include "platform/qt/guard.h"
-#include "platform/qt/x11_auto_repeat.h"
+#include "platform/qt/x11_keyboard.h"
 
-#include <QFont>
+#include <QFontInfo>
 
 RomikaApplication::RomikaApplication(int& argc, char** argv) : QApplication(argc, argv) {
     makeAutoRepeatDetectable(*this);
-    // Half-width characters are exactly half as wide as full-width ones in this font, at even pixel sizes.
     QFont font(QStringLiteral("IPAGothic"));
-    font.setPixelSize(16);
+    font.setPixelSize(letterPixels(QFontInfo(this->font()).pixelSize()));
     setFont(font);
 }
 

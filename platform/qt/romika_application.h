@@ -6,11 +6,18 @@
 
 class EventGuard;
 
+/// Height of the program's letters in pixels where those of the desktop are `desktop` high: never smaller than is easily
+/// read, and even, because half-width characters are exactly half as wide as full-width ones at even heights only.
+constexpr int letterPixels(int desktop) {
+    constexpr int least = 16;
+    return desktop <= least ? least : (desktop + 1) / 2 * 2;
+}
+
 /// The one application object; main and the desk tests make it first of all.
 class RomikaApplication : public QApplication {
     Q_OBJECT
 public:
-    /// Makes the application with its font.
+    /// Makes the application with its font, as large as the desktop's.
     RomikaApplication(int& argc, char** argv);
 
     /// Sets the guard that catches what a handler let through; null: nothing is caught.

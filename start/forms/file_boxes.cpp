@@ -96,8 +96,10 @@ void FileBoxes::addFiles(SpokenForm& form) {
     File1 = new SpokenList(context_,
                            {.count = [&files] { return countOf(files); },
                             .line = [&files](int line) { return lineOf(files, line); },
-                            .spoken = [&files](int line) {
-                                return lineOf(files, line) + Text(commaPause).append(fileWord);
+                            .spoken = [this, &files](int line) {
+                                const Text name = lineOf(files, line);
+                                return rules_.fileReading ? rules_.fileReading(name)
+                                                          : name + Text(commaPause).append(fileWord);
                             },
                             .emptyText = Text(noFileText),
                             .moved = [this](int line) {
@@ -108,14 +110,19 @@ void FileBoxes::addFiles(SpokenForm& form) {
                             },
                             .typed = typed,
                             .enter = rules_.fileEnter,
-                            .space = rules_.fileSpace},
+                            .space = rules_.fileSpace,
+                            .click = rules_.fileClick},
                            this);
     const auto reading = [this, &files] {
         if (files.empty()) {
             return Text(noFileText);
         }
-        const Text line = browser_.selectedName();
-        return (line.empty() ? Text() : line + Text(commaPause)).append(fileSentence);
+        const Text name = browser_.selectedName();
+        Text text;
+        if (!name.empty()) {
+            text = rules_.fileReading ? rules_.fileReading(name) : name + Text(commaPause);
+        }
+        return text.append(fileSentence);
     };
     form.add(*File1, u"File1", {.accessibleName = u"ﾌｧｲﾙ", .reading = reading});
 }

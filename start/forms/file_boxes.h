@@ -20,10 +20,13 @@ public:
     struct Rules {
         std::function<void()> fileEnter{}; ///< Enter or a double click on a file
         std::function<void()> fileSpace{};
+        std::function<void()> fileClick{};     ///< the mouse has come to a file
         std::function<void()> fileMoved{};     ///< another file is selected
         std::function<void()> folderChanged{}; ///< another folder is shown
         /// All names share their first letter, so that typing may leave it out.
         std::function<bool()> sharesFirstLetter{};
+        /// What is said of a file, ending in a pause; without it its name and what it is a line of.
+        std::function<Text(const Text&)> fileReading{};
     };
     /// Takes the boxes into `form`. `browser` outlives them and has been started.
     FileBoxes(const FormContext& context, SpokenForm& form, FolderBrowser& browser, Rules rules, QWidget* parent);

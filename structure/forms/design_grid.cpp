@@ -28,7 +28,8 @@ DesignGrid::DesignGrid(const TableDesign& design, QWidget* parent)
     for (const int characters : {12, 32, 12, 10}) {
         setColumnWidth(column++, characters * unit);
     }
-    setMinimumSize(70 * unit, 8 * verticalHeader()->defaultSectionSize());
+    // Few rows, so that the form with its list of other tables finds room on a low screen.
+    setMinimumSize(70 * unit, 5 * verticalHeader()->defaultSectionSize());
     QPalette marked = palette();
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
         marked.setColor(QPalette::Inactive, role, marked.color(QPalette::Active, role));

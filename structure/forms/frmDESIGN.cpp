@@ -3,17 +3,19 @@
 #include "platform/qt/guard.h"
 #include "platform/qt/key_button.h"
 #include "platform/qt/key_line_edit.h"
-#include "platform/qt/key_tap.h"
 #include "platform/qt/qt_text.h"
+#include "start/forms/file_boxes.h"
 #include "structure/design_checks.h"
 #include "structure/design_reference.h"
 #include "structure/design_typing.h"
+#include "structure/forms/cell_box.h"
 #include "structure/forms/design_grid.h"
-#include "structure/forms/reference_list.h"
+#include "voice/forms/spoken_list.h"
 #include "voice/announcement.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -38,12 +40,13 @@ frmDESIGN::frmDESIGN(const FormContext& context, QWidget* parent)
     text3 = addTextBox(*layout, u"text3", nameLabel, design_.text3);
     text2 = addTextBox(*layout, u"text2", memoLabel, design_.text2);
     text1 = addTextBox(*layout, u"text1", countLabel, design_.text1);
-    addItemIn(*layout);
+    addGrid(*layout);
     addButtons(*layout);
     addReferences(*layout);
     setBoxRules();
     refresh();
-    (design_.mode == DesignMode::change ? itemin : text3)->setFocus();
+    resize(sizeHint().expandedTo(QSize(0, 600)).boundedTo(screen()->availableSize()));
+    (design_.mode == DesignMode::change ? &cellBox_->itemin() : text3)->setFocus();
 }
 
 void frmDESIGN::reject() {
@@ -61,35 +64,9 @@ KeyLineEdit* frmDESIGN::addTextBox(QVBoxLayout& layout, const char16_t* name, Te
     return box;
 }
 
-void frmDESIGN::addItemIn(QVBoxLayout& layout) {
-    itemin = new KeyLineEdit(context());
-    itemin->setFont(largeFont(*this));
-    cell_ = new QLabel;
-    overwriting_ = new QLabel(QStringLiteral("上書"));
-    auto* row = new QHBoxLayout;
-    row->addWidget(cell_);
-    row->addWidget(itemin);
-    row->addWidget(overwriting_);
-    layout.addLayout(row);
-    spoken().add(*itemin, u"itemin",
-                 {.label = cellLabel(design_) + Text(textBoxWord),
-                  .onFocus = [this] { sayCellPrompt(design_); },
-                  .onLeave =
-                      [this] {
-                          if (!isClosing_) {
-                              takeTypedCell(design_);
-                              refresh();
-                          }
-                      }});
-    itemin->onChange([this](const Text&, const Text& now) {
-        design_.itemin = now;
-        refresh();
-    });
-    itemin->keys().onKeyDown([this](const KeyStroke& stroke) { return itemInKey(stroke); });
-    itemin->keys().onKeyPress([this](char16_t unit) {
-        overwriteNext(unit);
-        return KeyOutcome::goesOn;
-    });
+void frmDESIGN::addGrid(QVBoxLayout& layout) {
+    cellBox_ = new CellBox(context(), spoken(), design_, [this] { refresh(); }, this);
+    layout.addWidget(cellBox_);
     grid_ = new DesignGrid(design_, this);
     grid_->setObjectName(u"Grid1");
     grid_->setAccessibleName(windowTitle());
@@ -99,7 +76,7 @@ void frmDESIGN::addItemIn(QVBoxLayout& layout) {
             const int column = std::max(index.column(), static_cast<int>(DesignColumn::name));
             pickDesignCell(design_, index.row(), static_cast<DesignColumn>(column));
             refresh();
-            itemin->setFocus(Qt::ActiveWindowFocusReason);
+            cellBox_->itemin().setFocus(Qt::ActiveWindowFocusReason);
         });
     });
 }
@@ -121,19 +98,29 @@ KeyButton* frmDESIGN::makeButton(const char16_t* name, TextView caption, std::fu
 }
 
 void frmDESIGN::addReferences(QVBoxLayout& layout) {
-    references_ = new ReferenceList(context(), spoken(), design_, [this] { refresh(); }, this);
+    const auto take = [this] {
+        takeReference(design_);
+        refresh();
+    };
+    references_ = new FileBoxes(context(), spoken(), design_.references,
+                                {.fileEnter = take,
+                                 .fileSpace = take,
+                                 .fileClick = take,
+                                 .sharesFirstLetter = [] { return true; },
+                                 .fileReading = [this](const Text& name) { return referenceReading(design_, name); }},
+                                this);
     layout.addWidget(references_);
 }
 
 void frmDESIGN::setBoxRules() {
     spoken().voiceOf(*text1).onLeave = [this] {
-        if (!isClosing_) {
+        if (!design_.isClosed) {
             leaveItemCountBox(design_);
             refresh();
         }
     };
     spoken().voiceOf(*text3).onLeave = [this] {
-        if (!isClosing_) {
+        if (!design_.isClosed) {
             leaveFileNameBox(design_);
         }
     };
@@ -148,7 +135,7 @@ void frmDESIGN::setBoxRules() {
     };
     entersTo(text3, text2);
     entersTo(text2, text1);
-    entersTo(text1, itemin);
+    entersTo(text1, &cellBox_->itemin());
     spoken().onKeyDown([this](const KeyStroke& stroke) {
         if (stroke != plainKey(Key::escape)) {
             return KeyOutcome::goesOn;
@@ -156,19 +143,6 @@ void frmDESIGN::setBoxRules() {
         follow(giveUpDesign(design_));
         return KeyOutcome::taken;
     });
-}
-
-KeyOutcome frmDESIGN::itemInKey(const KeyStroke& stroke) {
-    const KeyOutcome outcome = itemInKeyDown(design_, stroke, itemin->view());
-    refresh();
-    return outcome;
-}
-
-void frmDESIGN::overwriteNext(char16_t unit) {
-    const bool types = unit >= u' ' && unit != 0x7F;
-    if (design_.overwrites && types && !itemin->hasSelectedText()) {
-        itemin->setSelection(itemin->cursorPosition(), 1);
-    }
 }
 
 void frmDESIGN::refresh() {
@@ -180,30 +154,14 @@ void frmDESIGN::refresh() {
     show(text1, design_.text1);
     show(text2, design_.text2);
     show(text3, design_.text3);
-    show(itemin, design_.itemin);
-    showCell();
-    overwriting_->setVisible(design_.overwrites);
+    cellBox_->showCell();
     grid_->showDesign();
     references_->setVisible(design_.referencesShown);
 }
 
-/// A cell that has just been entered is wholly selected, so that typing takes its place and the arrows go on.
-void frmDESIGN::showCell() {
-    if (design_.row == shownRow_ && design_.column == shownColumn_) {
-        return;
-    }
-    shownRow_ = design_.row;
-    shownColumn_ = design_.column;
-    const Text label = cellLabel(design_);
-    cell_->setText(toQt(label));
-    spoken().voiceOf(*itemin).label = label + Text(textBoxWord);
-    itemin->setAccessibleName(toQt(label));
-    itemin->selectAll();
-}
-
 void frmDESIGN::follow(DesignOutcome outcome) {
     if (outcome == DesignOutcome::closed) {
-        isClosing_ = true;
+        design_.isClosed = true;
         QDialog::reject();
         return;
     }
@@ -214,7 +172,7 @@ void frmDESIGN::follow(DesignOutcome outcome) {
     if (outcome == DesignOutcome::toFileName) {
         spoken().giveFocus(*text3);
     } else if (outcome == DesignOutcome::toGrid) {
-        spoken().giveFocus(*itemin);
+        spoken().giveFocus(cellBox_->itemin());
     }
 }
 
@@ -223,7 +181,7 @@ void frmDESIGN::toggleReferences() {
         follow(giveUpDesign(design_));
         return;
     }
-    design_.referencesShown = true;
+    showReferences(design_);
     refresh();
-    references_->start();
+    spoken().giveFocus(references_->files());
 }

@@ -6,12 +6,12 @@
 #include "structure/design_accept.h"
 #include "voice/forms/spoken_dialog.h"
 
+class CellBox;
 class DesignGrid;
+class FileBoxes;
 class KeyButton;
 class KeyLineEdit;
-class QLabel;
 class QVBoxLayout;
-class ReferenceList;
 
 /// The design form. Closing it by its close box is giving up.
 class frmDESIGN : public SpokenDialog {
@@ -23,15 +23,12 @@ public:
 
 private:
     KeyLineEdit* addTextBox(QVBoxLayout& layout, const char16_t* name, TextView label, Text& text);
-    void addItemIn(QVBoxLayout& layout);
+    void addGrid(QVBoxLayout& layout);
     void addButtons(QVBoxLayout& layout);
     KeyButton* makeButton(const char16_t* name, TextView caption, std::function<void()> rule);
     void addReferences(QVBoxLayout& layout);
     void setBoxRules();
-    KeyOutcome itemInKey(const KeyStroke& stroke);
-    void overwriteNext(char16_t unit);
     void refresh();
-    void showCell();
     void follow(DesignOutcome outcome);
     void toggleReferences();
 
@@ -39,13 +36,8 @@ private:
     KeyLineEdit* text1 = nullptr;
     KeyLineEdit* text2 = nullptr;
     KeyLineEdit* text3 = nullptr;
-    KeyLineEdit* itemin = nullptr;
-    QLabel* cell_ = nullptr;
-    QLabel* overwriting_ = nullptr;
+    CellBox* cellBox_ = nullptr;
     DesignGrid* grid_ = nullptr;
     KeyButton* Command3 = nullptr;
-    ReferenceList* references_ = nullptr;
-    int shownRow_ = -1;
-    DesignColumn shownColumn_ = DesignColumn::name;
-    bool isClosing_ = false;
+    FileBoxes* references_ = nullptr;
 };

@@ -4,6 +4,8 @@
 #include "platform/qt/form_context.h"
 
 class FormTable;
+class PointerChoice;
+class WidthChange;
 
-/// `context` outlives every form.
-void addStructureForms(FormTable& forms, const FormContext& context);
+/// All references outlive every form.
+void addStructureForms(FormTable& forms, const FormContext& context, PointerChoice& pointer, WidthChange& width);

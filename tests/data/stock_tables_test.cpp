@@ -4,10 +4,14 @@
 #include "sheet/cell.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
+#include "sheet/record_window.h"
+#include "start/model_files.h"
+#include "start/table_opening.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 
 namespace {
@@ -78,6 +82,36 @@ TEST(StockTables, EachOpensWithItsItemsAndRecords) {
         for (int i = 1; stock.width != 0 && i <= stock.items; ++i) {
             EXPECT_EQ(items.itemWidth[i], stock.width);
         }
+    }
+}
+
+TEST(StockTables, EachIsFilledFoundAgainAndComesBackFromItsSourceWhenDeleted) {
+    for (const Model& model : models()) {
+        SCOPED_TRACE(utf8(model.caption));
+        TestWorld world;
+        for (const TextView source : {model.itemSource, model.dataSource}) {
+            world.writeFile(utf8(source), stockFile(utf8(source)));
+        }
+        ASSERT_EQ(openModel(world.zormod, model.number), u"");
+        const std::string name = utf8(model.dataFile);
+        const std::string pristine = world.bytesOf(name);
+        world.zormod.position.curItem = std::min<std::int16_t>(1, world.zormod.items.itemCount);
+        commitCell(world.zormod, u"77");
+        commitRecord(world.zormod);
+        const std::string filled = world.bytesOf(name);
+        EXPECT_NE(filled, pristine);
+
+        forgetTable(world.zormod);
+        ASSERT_EQ(openModel(world.zormod, model.number), u"");
+        EXPECT_EQ(world.bytesOf(name), filled);
+        EXPECT_TRUE(utf8(getRecordCell(world.zormod, 1, world.zormod.items.itemCount == 0 ? 0 : 1)).find("77") != std::string::npos);
+
+        forgetTable(world.zormod);
+        std::filesystem::remove(world.folder.path() + "/" + name);
+        std::filesystem::remove(world.folder.path() + "/k" + name);
+        ASSERT_EQ(openModel(world.zormod, model.number), u"");
+        EXPECT_EQ(world.bytesOf(name), pristine);
+        EXPECT_EQ(world.bytesOf("k" + name), stockFile(utf8(model.itemSource)));
     }
 }
 

@@ -106,7 +106,7 @@ TEST(Form5, OkMovesToTheFirstChosenItemAndEnterStaysAmongThem) {
     desk.inForm([&] {
         desk.choose(1);
         desk.choose(3);
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("OKｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("OK､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
         desk.spoken();
         desk.key(plainKey(Key::enter));
     });

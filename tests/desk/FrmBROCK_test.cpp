@@ -72,7 +72,7 @@ TEST(FrmBROCK, BoxesSayTheirNamesAndWhatIsTyped) {
     desk.ask([&] {
         EXPECT_THAT(desk.spokenBy(plainKey(Key::digit3)), ElementsAre("3"));
         EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("項目範囲ﾃｷｽﾄﾎﾞｯｸｽ"));
-        EXPECT_THAT(desk.spokenBy(shiftKey(Key::tab)), ElementsAre("3記録範囲ﾃｷｽﾄﾎﾞｯｸｽ"));
+        EXPECT_THAT(desk.spokenBy(shiftKey(Key::tab)), ElementsAre("3､記録範囲ﾃｷｽﾄﾎﾞｯｸｽ"));
         desk.key(plainKey(Key::escape));
     });
 }
@@ -151,14 +151,14 @@ TEST(FrmBROCK, ItsButtonsRunAndGiveUp) {
         desk.keys.type(u"1");
         desk.key(plainKey(Key::tab));
         desk.keys.type(u"0");
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("実行(CR)ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("実行(CR)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
         desk.enter();
     }));
     EXPECT_FALSE(desk.ask([&] {
         desk.keys.type(u"1");
         desk.key(plainKey(Key::tab));
         desk.key(plainKey(Key::tab));
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("中止(ESC)ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), ElementsAre("中止(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
         desk.enter();
     }));
 }

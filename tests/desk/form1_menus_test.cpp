@@ -2,6 +2,7 @@
 
 #include "app/menus.h"
 #include "edit/forms/form1_menus.h"
+#include "edit/forms/menu_rows.h"
 #include "edit/forms/menu_voice.h"
 #include "platform/qt/qt_text.h"
 #include "support/qt/edit_desk.h"
@@ -23,6 +24,17 @@ struct MenuDesk : EditDesk {
         zormod.speech.speechMode = 1;
         form.showReadingMode(1);
     }
+    /// All menus, row by row.
+    QList<QAction*> menus() {
+        QList<QAction*> all;
+        for (const QMenuBar* row : rows()) {
+            all += row->actions();
+        }
+        return all;
+    }
+    const std::vector<QMenuBar*>& rows() { return form.findChild<MenuRows*>()->rows(); }
+    /// The menu that is open.
+    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
     void toggleAlt() {
         world.later();
         keys.press(plainKey(Key::alt));
@@ -47,7 +59,7 @@ struct MenuDesk : EditDesk {
 TEST(Form1Menus, StandInTheOrderOfTheTable) {
     MenuDesk desk;
     const MenuTable table = form1Menus();
-    const auto actions = desk.form.menuBar()->actions();
+    const auto actions = desk.menus();
     ASSERT_EQ(static_cast<std::size_t>(actions.size()), table.size());
     for (qsizetype i = 0; i < actions.size(); ++i) {
         const MenuGroup& group = table[static_cast<std::size_t>(i)];
@@ -150,4 +162,72 @@ TEST(Form1Menus, ADisabledEntryIsToldAsSuch) {
     desk.form.showReadingMode(0);
     EXPECT_EQ(utf8(MenuVoice::textOf(*menuEntry(*desk.form.menuBar(), u"mnuJY"))),
               "常時表示項目内容を付加して読む､使用不可");
+}
+
+TEST(Form1Menus, OnANarrowScreenEveryMenuIsSeenInARow) {
+    MenuDesk desk;
+    for (const int width : {1920, 1280, 1024, 640, 1920}) {
+        desk.form.resize(width, 700);
+        desk.settle();
+        ASSERT_EQ(desk.form.width(), width);
+        EXPECT_EQ(static_cast<std::size_t>(desk.menus().size()), form1Menus().size());
+        for (const QMenuBar* row : desk.rows()) {
+            EXPECT_EQ(row->isVisible(), !row->actions().isEmpty());
+            for (QAction* menu : row->actions()) {
+                EXPECT_TRUE(row->rect().contains(row->actionGeometry(menu))) << width << menu->text().toStdString();
+                EXPECT_FALSE(row->actionGeometry(menu).isEmpty()) << width << menu->text().toStdString();
+            }
+        }
+        EXPECT_EQ(desk.rows().size() > 1 && desk.rows()[1]->isVisible(), width < 1400);
+    }
+}
+
+TEST(Form1Menus, RightAndLeftGoThroughTheRowsAsThroughOne) {
+    MenuDesk desk;
+    desk.form.resize(1024, 700);
+    desk.settle();
+    const auto menus = desk.menus();
+    desk.altLetter(u'F');
+    std::vector<QMenu*> reached;
+    for (qsizetype i = 0; i < 2 * menus.size() && reached.size() < 20; ++i) {
+        if (QMenu* menu = desk.openMenu()) {
+            reached.push_back(menu);
+            desk.popupKey(Qt::Key_Right);
+        } else {
+            break; // the telephone is no menu
+        }
+    }
+    desk.spoken();
+    ASSERT_GE(reached.size(), static_cast<std::size_t>(desk.rows()[0]->actions().size()) + 1);
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        EXPECT_EQ(reached[i], menus[static_cast<qsizetype>(i)]->menu());
+    }
+}
+
+TEST(Form1Menus, FromTheSecondRowEscapeComesBackToTheInputBox) {
+    for (const bool byAlt : {true, false}) {
+        MenuDesk desk;
+        desk.form.resize(1024, 700);
+        desk.settle();
+        if (byAlt) {
+            desk.toggleAlt();
+        } else {
+            desk.altLetter(u'F');
+        }
+        desk.spoken();
+        desk.world.later();
+        QWidget* keys = byAlt ? QApplication::focusWidget() : desk.openMenu();
+        QTest::keyClick(keys, Qt::Key_Left);
+        desk.settle();
+        ASSERT_NE(desk.openMenu(), nullptr);
+        EXPECT_EQ(desk.openMenu()->menuAction(), desk.menus().last());
+        EXPECT_THAT(desk.spoken(), ElementsAre(testing::StartsWith("ﾍﾙﾌﾟ(Z)､サブメニュー")));
+        desk.popupKey(Qt::Key_Escape);
+        EXPECT_EQ(desk.openMenu(), nullptr);
+        EXPECT_NE(desk.focus(), "txtinputbox") << "the row has the keys now, as the first one has";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        desk.settle();
+        EXPECT_EQ(desk.focus(), "txtinputbox");
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre(testing::StartsWith("a､")));
+    }
 }

@@ -353,12 +353,14 @@ TEST(frmDESIGN, AReferenceFileIsFoundHeardAndTaken) {
             desk.key(plainKey(Key::tab));
         }
         EXPECT_EQ(desk.focus(), "Command3");
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)),
-                    Contains("ka.txt。項目数1のファイルです第1項目の、項目名は品名。です。"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)), ElementsAre("矢印ｷｰでﾌｧｲﾙを選択します"));
         EXPECT_EQ(desk.focus(), "File1");
         EXPECT_THAT(desk.spokenBy(plainKey(Key::down)),
-                    Contains("kt.txt。項目数2のファイルです第1項目の、項目名は氏名。です。"));
-        desk.key(plainKey(Key::up));
+                    ElementsAre("ka.txt。項目数1のファイルです第1項目の、項目名は品名。です。"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::down)),
+                    ElementsAre("kt.txt。項目数2のファイルです第1項目の、項目名は氏名。です。"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::a)),
+                    ElementsAre("ka.txt。項目数1のファイルです第1項目の、項目名は品名。です。"));
         EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)), Contains("a.txtよりｺﾋﾟｰ"));
         EXPECT_EQ(desk.gridCell(1, 1), "品名");
         EXPECT_EQ(desk.boxText(u"text1"), "1");
@@ -382,15 +384,16 @@ TEST(frmDESIGN, FoldersAreWalkedInTheReferenceList) {
         desk.key(plainKey(Key::enter));
         desk.key(shiftKey(Key::tab));
         EXPECT_EQ(desk.focus(), "Dir1");
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::down)), Contains("sub"));
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)), Contains(testing::EndsWith("\\sub")));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::down)), ElementsAre("sub"));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)), ElementsAre(testing::EndsWith("\\subにﾌｫﾙﾀﾞが変更されました.")));
         EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)),
                     Contains("現在のﾌｫﾙﾀﾞには該当ﾌｧｲﾙはありませんﾌｫﾙﾀﾞを変更してください"));
         desk.key(shiftKey(Key::tab));
         desk.key(plainKey(Key::enter));
-        EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), Contains(testing::StartsWith("kt.txt。")));
+        desk.key(plainKey(Key::tab));
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::down)), ElementsAre(testing::StartsWith("kt.txt。")));
         desk.key(shiftKey(Key::tab));
-        EXPECT_THAT(desk.spokenBy(shiftKey(Key::tab)), ElementsAre("c:"));
+        EXPECT_THAT(desk.spokenBy(shiftKey(Key::tab)), ElementsAre("矢印ｷｰでﾄﾞﾗｲﾌﾞ変更 CRで確定します"));
         desk.key(plainKey(Key::enter));
         EXPECT_EQ(desk.focus(), "Drive1");
         desk.key(plainKey(Key::escape));

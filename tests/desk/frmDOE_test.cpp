@@ -219,9 +219,29 @@ TEST(FrmDOE, AFailureInTheLoopClosesIt) {
 TEST(FrmDOE, TakesACaptionOfItsCallersOwn) {
     ProgressDesk desk;
     desk.inNextModal([&] { EXPECT_EQ(desk.title(), "データ印刷中\""); });
-    desk.dialogs.openProgress(u"n", u"データ印刷中\"");
+    desk.dialogs.openProgress(u"n", u"データ印刷中\"", true);
     desk.settle();
     desk.settle();
+    desk.dialogs.closeProgress();
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "box");
+}
+
+TEST(FrmDOE, WorkThatCannotBeStoppedHasNoButtonAndNoKeyEndsIt) {
+    ProgressDesk desk;
+    desk.inNextModal([&] {
+        EXPECT_EQ(desk.label("Label1"), "張り付け撤去中");
+        EXPECT_EQ(QApplication::activeModalWidget()->findChild<QPushButton*>(), nullptr);
+        desk.keys.press(plainKey(Key::escape));
+        desk.keys.press(plainKey(Key::enter));
+        QApplication::activeModalWidget()->close();
+        EXPECT_TRUE(desk.isShown());
+    });
+    desk.dialogs.openProgress(u"張り付け撤去中", {}, false);
+    desk.settle();
+    desk.settle();
+    EXPECT_TRUE(desk.dialogs.isProgressOpen());
+    EXPECT_FALSE(isStopAsked(desk.zormod));
     desk.dialogs.closeProgress();
     desk.settle();
     EXPECT_EQ(desk.focus(), "box");

@@ -1,7 +1,9 @@
 // Ranges as a user draws them: from the input box by the keys that begin one, step by step in the small form, and back.
 
+#include "structure/clip_file.h"
 #include "support/qt/view_desk.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -38,9 +40,9 @@ TEST(frmHANI, ComesUpWithTheKindsTitlePromptAndFields) {
         bool records;
         bool items;
     };
-    for (const Kind& kind : {Kind{shiftKey(Key::down), "範囲の指定", true, true},
-                             Kind{altKey(Key::up), "記録範囲の指定", true, false},
-                             Kind{altKey(Key::right), "項目範囲の指定", false, true}}) {
+    for (const Kind& kind :
+         {Kind{shiftKey(Key::down), "範囲の指定", true, true}, Kind{altKey(Key::up), "記録範囲の指定", true, false},
+          Kind{altKey(Key::right), "項目範囲の指定", false, true}}) {
         RangeDesk desk;
         desk.key(kind.key);
         ASSERT_TRUE(desk.isDrawing());
@@ -58,8 +60,7 @@ TEST(frmHANI, ComesUpWithTheKindsTitlePromptAndFields) {
 
 TEST(frmHANI, TheOpeningKeySaysWhereTheRangeBeginsAndTakesNoStep) {
     RangeDesk desk;
-    EXPECT_EQ(desk.spokenBy(altKey(Key::down)),
-              Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から1指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(altKey(Key::down)), Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から1指定ずみ"});
     EXPECT_EQ(desk.fields(), (Said{"1", "1", "0", "4"}));
     EXPECT_EQ(desk.place(), std::pair(1, 0));
 }
@@ -94,13 +95,11 @@ TEST(frmHANI, ABlockIsDrawnInEveryDirection) {
 TEST(frmHANI, RecordsAndItemsAreDrawnInBothDirections) {
     RangeDesk desk;
     desk.key(altKey(Key::down));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::down)),
-              Said{"ｷﾞｮｳ2.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から2指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::down)), Said{"ｷﾞｮｳ2.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から2指定ずみ"});
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{2, 1, 2, 0, 4}));
     desk.key(altKey(Key::up));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::up)),
-              Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ2から1指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::up)), Said{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ2から1指定ずみ"});
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{2, 1, 2, 0, 4}));
     desk.key(altKey(Key::right));
@@ -109,8 +108,7 @@ TEST(frmHANI, RecordsAndItemsAreDrawnInBothDirections) {
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.range(), (Ends{3, 1, 40, 0, 1}));
     desk.key(altKey(Key::left));
-    EXPECT_EQ(desk.spokenBy(plainKey(Key::left)),
-              Said{"ｺｳﾓｸ0.ｺｳﾓｸﾊﾝｲ指定中．今のセルデータは1．ｺｳﾓｸ1から0指定ずみ"});
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::left)), Said{"ｺｳﾓｸ0.ｺｳﾓｸﾊﾝｲ指定中．今のセルデータは1．ｺｳﾓｸ1から0指定ずみ"});
 }
 
 TEST(frmHANI, EveryMovingKeyOfTheTableMoves) {
@@ -311,6 +309,20 @@ TEST(frmHANI, AClickOnTheSheetWhileDrawingChangesNothing) {
     desk.clickCell(3, 1);
     EXPECT_TRUE(desk.isDrawing());
     EXPECT_EQ(desk.place(), std::pair(1, 0));
+}
+
+TEST(frmHANI, CtrlInsMakesTheClipFileAndGoesBackToTheInputBox) {
+    RangeDesk desk;
+    desk.commands.bind(u"mnuCLIP", [&desk] { makeClip(desk.zormod); });
+    desk.key(plainKey(Key::down));
+    desk.key(shiftKey(Key::up));
+    desk.key(plainKey(Key::up));
+    desk.key(ctrlKey(Key::insert));
+    EXPECT_EQ(desk.world.bytesOf("ZORCLip"), " 2 \r\n 1 \r\n 2 \r\n 1 \r\n 0 \r\n\"1  \"\r\n\"1  \"\r\n");
+    EXPECT_FALSE(desk.isDrawing());
+    EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
+    EXPECT_FALSE(desk.sheet("LblMUSK")->isVisible());
+    EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
 TEST(frmHANI, TheKeyBoxTakesNoInputMethodAndTypesNothing) {

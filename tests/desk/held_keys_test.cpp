@@ -24,6 +24,7 @@ struct Listener : QWidget {
 };
 
 struct Keys {
+    explicit Keys(HeldKeys::IsUp isUp = {}) : held(std::move(isUp)) {}
     bool send(QEvent::Type type, quint64 time, bool autoRepeat = false) {
         QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, 36, 0, 0, QStringLiteral("\r"), autoRepeat);
         event.setTimestamp(time);
@@ -123,4 +124,16 @@ TEST(HeldKeys, AReleaseCountsWithTheModifiersOfItsPress) {
     sent(keys, QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier, 50);
     EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_Right, Qt::ShiftModifier, 114), plainKey(Key::right));
     EXPECT_EQ(sent(keys, QEvent::KeyRelease, Qt::Key_Shift, Qt::NoModifier, 50), plainKey(Key::shift));
+}
+
+TEST(HeldKeys, AKeyThatWasLetGoBetweenTwoWindowsIsFreshInTheNext) {
+    for (const bool isUp : {true, false}) {
+        Keys keys([&isUp](quint32 scanCode) { return isUp && scanCode == 36; });
+        keys.send(QEvent::KeyPress, 100);
+        keys.held.muteHeld();
+        QEvent activation(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(&keys.listener, &activation);
+        EXPECT_EQ(keys.send(QEvent::KeyPress, 600), isUp);
+        EXPECT_EQ(keys.held.isRepeat(), !isUp);
+    }
 }

@@ -1,6 +1,7 @@
 // The edit screen on a desktop with letters four times the normal size.
 
 #include "edit/forms/panel.h"
+#include "platform/qt/romika_application.h"
 #include "support/qt/edit_desk.h"
 
 #include <QApplication>
@@ -49,6 +50,13 @@ struct LargeDesk : TextSize, EditDesk {
 };
 
 } // namespace
+
+TEST(LowVision, TheLettersAreAsLargeAsTheDesktopsAndEvenAndNeverSmall) {
+    EXPECT_EQ(letterPixels(12), 16);
+    EXPECT_EQ(letterPixels(16), 16);
+    EXPECT_EQ(letterPixels(17), 18);
+    EXPECT_EQ(letterPixels(40), 40);
+}
 
 TEST(LowVision, TheFocusedControlIsWhollyInViewAtFourTimesTheSize) {
     LargeDesk desk(4);
@@ -106,6 +114,20 @@ TEST(LowVision, TheSheetStartsWithLettersAsLargeAsTheDesktops) {
     const int small = normal.partOf("frmSHEET", "Picture1")->font().pixelSize();
     LargeDesk large(3);
     EXPECT_GE(large.partOf("frmSHEET", "Picture1")->font().pixelSize(), 2 * small);
+}
+
+TEST(LowVision, EachViewFollowsLettersThatGrowWhileTheProgramRuns) {
+    for (const auto& [mode, view, part] :
+         {std::tuple(0, "frmSHEET", "Picture1"), std::tuple(1, "frmKOJIND", "Grid1"), std::tuple(2, "frmGrid", "Grid1")}) {
+        LargeDesk desk(1);
+        desk.zormod.display.viewMode = static_cast<std::int16_t>(mode);
+        desk.form.redrawView();
+        desk.settle();
+        const int before = desk.partOf(view, part)->font().pixelSize();
+        const TextSize larger(3);
+        desk.settle();
+        EXPECT_GE(desk.partOf(view, part)->font().pixelSize(), 2 * before) << view;
+    }
 }
 
 TEST(LowVision, LettersThatGrowWhileTheProgramRunsAreFollowed) {

@@ -387,6 +387,16 @@ TEST(InputBox, AKeyWhileARangeIsDrawnGoesBackToItsFormAndIsUsedUp) {
     EXPECT_EQ(world.record(), 1);
 }
 
+TEST(InputBox, AKeyLetGoWhileARangeIsDrawnIsAStepOfIt) {
+    EditWorld world;
+    world.numbered(3, 1);
+    world.zormod.taskWord = u"HTYU";
+    world.up(shiftKey(Key::down));
+    world.up(plainKey(Key::shift));
+    EXPECT_EQ(world.commandsRun(), (Spoken{"stepRange", "stepRange"}));
+    EXPECT_EQ(world.takeSpoken(), Spoken());
+}
+
 TEST(InputBox, KeysDoNothingWhileATargetOfAMoveIsChosen) {
     EditWorld world;
     world.numbered(3);

@@ -236,8 +236,7 @@ TEST(RangeDrawing, AStepOfABlockIsToldWithTheCellAndBothPairsOfEnds) {
               Spoken{"ｷﾞｮｳ9 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはn9．ﾞｮｳ10から9 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"});
     EXPECT_EQ(
         world.key(Key::right),
-        Spoken{
-            "ｷﾞｮｳ9 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはブランク．ﾞｮｳ10から9 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"});
+        Spoken{"ｷﾞｮｳ9 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはブランク．ﾞｮｳ10から9 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"});
 }
 
 TEST(RangeDrawing, AStepOfRecordsIsToldWithTheRecords) {
@@ -327,8 +326,7 @@ TEST(RangeDrawing, CtrlHAsksForAnItemAndSaysTheStep) {
     EXPECT_EQ(world.fields(), (Spoken{"5", "5", "1", "2"}));
     EXPECT_EQ(
         world.takeSpoken(),
-        Spoken{
-            "ｷﾞｮｳ5 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはブランク．ﾞｮｳ5から5 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"});
+        Spoken{"ｷﾞｮｳ5 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはブランク．ﾞｮｳ5から5 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"});
     world.drawing.keyDown(ctrlKey(Key::h));
     EXPECT_EQ(world.item(), 1);
     world.later();
@@ -359,7 +357,7 @@ TEST(RangeDrawing, CtrlJAsksForARecordAndIgnoresWhatIsBelowOne) {
     EXPECT_EQ(utf8(world.zormod.taskWord), "HTYU");
 }
 
-TEST(RangeDrawing, CtrlInsMakesTheClipFileOfTheRangeInOrderAndGivesItUp) {
+TEST(RangeDrawing, CtrlInsMakesTheClipFileOfTheRangeAsItStandsAndGivesItUp) {
     DrawingWorld world;
     world.begin(RangeKind::block, 5, 2);
     world.key(Key::up);
@@ -368,7 +366,7 @@ TEST(RangeDrawing, CtrlInsMakesTheClipFileOfTheRangeInOrderAndGivesItUp) {
     world.commands.onRun = [&] { seen = world.range(); };
     world.drawing.keyDown(ctrlKey(Key::insert));
     EXPECT_EQ(world.commandsRun(), Spoken{"mnuCLIP"});
-    EXPECT_EQ(seen, (Ends{1, 4, 5, 1, 2}));
+    EXPECT_EQ(seen, (Ends{1, 5, 4, 2, 1}));
     EXPECT_EQ(world.range(), (Ends{0, 0, 0, 0, 0}));
     EXPECT_EQ(world.zormod.taskWord, Text());
     EXPECT_FALSE(world.forms.isLoaded(u"frmHANI"));
@@ -418,6 +416,17 @@ TEST(RangeDrawing, AFormThatClosesByItselfGivesTheRangeUpOnce) {
     world.drawing.finish();
     world.drawing.closing();
     EXPECT_EQ(world.range(), (Ends{1, 10, 10, 2, 2}));
+}
+
+TEST(RangeDrawing, AKeyAfterAnotherOperationHasTakenTheTaskWordGivesTheRangeUp) {
+    DrawingWorld world;
+    world.begin(RangeKind::block, 10, 2);
+    world.zormod.taskWord = u"srch";
+    EXPECT_EQ(world.key(Key::down), Spoken());
+    EXPECT_EQ(world.record(), 10);
+    EXPECT_EQ(world.range(), (Ends{0, 0, 0, 0, 0}));
+    EXPECT_EQ(utf8(world.zormod.taskWord), "srch");
+    EXPECT_FALSE(world.forms.isLoaded(u"frmHANI"));
 }
 
 TEST(RangeDrawing, TheInputBoxHandsTheFocusOn) {

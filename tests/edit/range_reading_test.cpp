@@ -75,7 +75,8 @@ struct LongWorld : EditWorld {
         openTable("t.txt");
         show(1);
     }
-    /// Where the message of a long text stands in the reading of a range of that kind, and what follows it; nothing: -1.
+    /// Where the message of a long text stands in the reading of a range of that kind, and what follows it; nothing:
+    /// -1.
     std::vector<int> messages(std::int16_t kind, std::int32_t last) {
         zormod.selection = {kind, 1, last, 0, 0, 0};
         later();

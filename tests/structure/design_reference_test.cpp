@@ -20,13 +20,21 @@ struct ReferenceWorld : DesignWorld {
         const Text path = zormod.file.programFolder + Text(name.begin(), name.end());
         return readItemFileToDesign(*design, path.substr(2), path.substr(0, 1));
     }
-    Text folder() { return design->dir1; }
+    /// Chooses a file of the list.
+    void take(TextView name) {
+        FolderBrowser& list = design->references;
+        list.refresh();
+        const auto found = std::find(list.files().begin(), list.files().end(), name);
+        ASSERT_NE(found, list.files().end()) << utf8(name);
+        list.selectFile(static_cast<int>(found - list.files().begin()));
+        takeReference(*design);
+    }
 };
 
 TEST(DesignReference, AChangedTableTakesTheGridAloneFromTheOtherFile) {
     ReferenceWorld world;
     TableDesign& design = world.change();
-    takeReference(design, u"Ko.txt");
+    world.take(u"ko.txt");
     EXPECT_THAT(design.rows, ElementsAre(DesignRow{u"番号", u"R", u" 4"}, DesignRow{u"品名", u"L", u" 20"},
                                          DesignRow{u"数", u"R", u" 5"}, DesignRow{u"値", u"R", u" 8"}));
     EXPECT_EQ(design.text1, u"3");
@@ -37,7 +45,7 @@ TEST(DesignReference, AChangedTableTakesTheGridAloneFromTheOtherFile) {
 TEST(DesignReference, TheItemCountOfTheOpenTableIsThatOfTheReferenceUntilTheFormIsLeft) {
     ReferenceWorld world;
     TableDesign& design = world.change();
-    takeReference(design, u"Ko.txt");
+    world.take(u"ko.txt");
     EXPECT_EQ(world.zormod.items.itemCount, 3);
     EXPECT_EQ(world.zormod.items.itemName[1], u"名");
     EXPECT_EQ(getCell(world.zormod, 1), u"山田      ");
@@ -50,7 +58,7 @@ TEST(DesignReference, TheItemCountOfTheOpenTableIsThatOfTheReferenceUntilTheForm
 TEST(DesignReference, ANewTableNotesItsSourceAndTheOpenTableStaysItself) {
     ReferenceWorld world;
     TableDesign& design = world.newDesign();
-    takeReference(design, u"Ko.txt");
+    world.take(u"ko.txt");
     EXPECT_EQ(design.rows.at(1), (DesignRow{u"品名", u"L", u"20"}));
     EXPECT_EQ(utf8(design.text2), "o.txtよりｺﾋﾟｰ");
     EXPECT_THAT(world.takeSpoken(), ElementsAre("o.txtよりｺﾋﾟｰ"));
@@ -63,7 +71,7 @@ TEST(DesignReference, ACommaInTheSourcesNameCantSpoilTheMemo) {
     ReferenceWorld world;
     world.makeTable("a,b.txt", other, {});
     TableDesign& design = world.newDesign();
-    takeReference(design, u"Ka,b.txt");
+    world.take(u"ka,b.txt");
     EXPECT_EQ(utf8(design.text2), "a，b.txtよりｺﾋﾟｰ");
 }
 
@@ -75,7 +83,7 @@ TEST(DesignReference, ARefusedFileLeavesGridAndTableAsTheyWere) {
             TableDesign& design = world.open(task);
             const auto rows = design.rows;
             world.expectMessage();
-            takeReference(design, u"Kbad.txt");
+            world.take(u"Kbad.txt");
             EXPECT_EQ(world.message().first, "ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です");
             EXPECT_EQ(design.rows, rows);
             EXPECT_TRUE(hasTable(world.zormod));
@@ -113,7 +121,7 @@ TEST(DesignReference, TheOldFormWithoutAnApostropheIsReadByTheDesignAlone) {
     oldForm(strict);
     strict.newDesign();
     strict.expectMessage();
-    takeReference(*strict.design, u"Kold.txt");
+    strict.take(u"Kold.txt");
     EXPECT_EQ(strict.message().second, "項目ﾌｧｲﾙ読込エラー");
     EXPECT_THAT(strict.design->rows, ElementsAre(DesignRow{}));
 }
@@ -129,10 +137,10 @@ TEST(DesignReference, AnApostropheAtAnotherPlaceDoesNotMatterHere) {
 TEST(DesignReference, WalkingTheListTellsNumberOfItemsAndFirstItem) {
     ReferenceWorld world;
     world.change();
-    EXPECT_EQ(utf8(referenceReading(world.zormod, world.folder(), u"Ko.txt")),
+    EXPECT_EQ(utf8(referenceReading(*world.design, u"Ko.txt")),
               "Ko.txt。項目数3のファイルです第1項目の、項目名は品名。です。");
     world.makeTable("i.txt", {{u"全文", u"L", 40}}, {});
-    EXPECT_EQ(utf8(referenceReading(world.zormod, world.folder(), u"Ki.txt")),
+    EXPECT_EQ(utf8(referenceReading(*world.design, u"Ki.txt")),
               "Ki.txt。項目はID項目のみで、項目名は全文。です。ロミカﾌｧｲﾙでないかもしれません。");
 }
 
@@ -142,7 +150,7 @@ TEST(DesignReference, WalkingPastOtherFilesNamesThemAndTouchesNothing) {
     world.writeFile("Kx.txt", "only text\r\n");
     world.writeFile("Kmany.txt", "100  ' 0,m,, 255\r\n");
     for (const char16_t* name : {u"Kx.txt", u"Kmany.txt", u"Kgone.txt"}) {
-        EXPECT_EQ(referenceReading(world.zormod, world.folder(), name), Text(name) + u"。");
+        EXPECT_EQ(referenceReading(*world.design, name), Text(name) + u"。");
     }
     EXPECT_TRUE(hasTable(world.zormod));
     EXPECT_EQ(world.zormod.items.itemCount, 1);

@@ -13,8 +13,7 @@ TEST(TableDesign, ANewTableHasItem0AloneAndTheProgramFolderBeforeAnyTable) {
     EXPECT_EQ(design.text1, u"0");
     EXPECT_EQ(design.text2, u"");
     EXPECT_EQ(design.text3, world.zormod.file.programFolder);
-    EXPECT_EQ(design.drive1, u"c:");
-    EXPECT_EQ(design.dir1 + u"\\", world.zormod.file.programFolder);
+    EXPECT_EQ(design.references.path() + u"\\", world.zormod.file.programFolder);
 }
 
 TEST(TableDesign, TheOpenTableIsShownWithItsPathMemoAndItems) {

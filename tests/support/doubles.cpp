@@ -93,10 +93,11 @@ Answer ScriptedDialogs::askYesNoCancel(const Text& prompt, const Text& text) {
     return askOkCancel(text, prompt);
 }
 
-void ScriptedDialogs::openProgress(const Text& name, const Text& caption) {
+void ScriptedDialogs::openProgress(const Text& name, const Text& caption, bool canStop) {
     progressOpen = true;
     progressNames.push_back(name);
     progressCaptions.push_back(caption);
+    progressCanStop.push_back(canStop);
 }
 
 void ScriptedDialogs::showProgress(const Text& text) {

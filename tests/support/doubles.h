@@ -73,7 +73,7 @@ public:
     Answer askOkCancel(const Text& text, const Text& title) override;
     Text askText(const Text& prompt, const Text& title, const Text& defaultText) override;
     Answer askYesNoCancel(const Text& prompt, const Text& text) override;
-    void openProgress(const Text& name, const Text& caption) override;
+    void openProgress(const Text& name, const Text& caption, bool canStop) override;
     void showProgress(const Text& text) override;
     void closeProgress() override { progressOpen = false; }
     bool isProgressOpen() const override { return progressOpen; }
@@ -86,6 +86,7 @@ public:
     bool progressOpen = false;
     std::vector<Text> progressNames;    ///< of each progress form opened
     std::vector<Text> progressCaptions; ///< and its caption
+    std::vector<bool> progressCanStop;  ///< and whether it has its stop button
     std::vector<Text> progressTexts;    ///< every text of the progress label
 };
 

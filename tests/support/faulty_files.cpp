@@ -161,6 +161,11 @@ void FaultyFiles::remove(const Text& path) {
     real_.remove(path);
 }
 
+void FaultyFiles::removeLeftovers(const Text& folder) {
+    state_->pass(Counted::writes);
+    real_.removeLeftovers(folder);
+}
+
 void FaultyFiles::makeFolder(const Text& path) {
     state_->pass(Counted::writes);
     real_.makeFolder(path);

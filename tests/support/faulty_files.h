@@ -9,7 +9,7 @@
 #include <memory>
 
 /// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, replaceWhole, copy,
-/// moveIntoPlace, remove and makeFolder; a call is each of these and openRandom, openBulk, exists, readWhole, lockTable,
+/// moveIntoPlace, remove, removeLeftovers and makeFolder; a call is each of these and openRandom, openBulk, exists, readWhole, lockTable,
 /// lockFolder, folderContents, length and readAt.
 /// currentFolder, fromCommandLine and drives, which touch no file, count as nothing.
 class FaultyFiles : public Files {
@@ -49,6 +49,7 @@ public:
     std::unique_ptr<TableLock> lockFolder(const Text& path) override;
     std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override;
     void remove(const Text& path) override;
+    void removeLeftovers(const Text& folder) override;
     void makeFolder(const Text& path) override;
     std::vector<Text> drives() override { return real_.drives(); }
     FolderContents folderContents(const Text& path) override;

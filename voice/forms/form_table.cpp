@@ -77,3 +77,11 @@ bool FormTable::isLoaded(TextView name) const {
     const auto found = entries_.find(name);
     return found != entries_.end() && found->second.form && found->second.form->isVisible();
 }
+
+std::vector<Text> FormTable::names() const {
+    std::vector<Text> names;
+    for (const auto& [name, entry] : entries_) {
+        names.push_back(name);
+    }
+    return names;
+}

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <map>
+#include <vector>
 
 class QDialog;
 class QWidget;
@@ -31,6 +32,9 @@ public:
     void open(TextView name) override;
     void close(TextView name) override;
     bool isLoaded(TextView name) const override;
+
+    /// Every form that can be opened, in the order of the names.
+    std::vector<Text> names() const;
 
 private:
     struct Entry {

@@ -23,25 +23,28 @@ QLabel* newLabel(QAnyStringView name, const Text& text) {
 
 } // namespace
 
-frmDOE::frmDOE(const FormContext& context, const Text& name, const Text& caption, QWidget* parent)
+frmDOE::frmDOE(const FormContext& context, const Work& work, QWidget* parent)
     : SpokenDialog(context,
                    {.description = [this] { return spoken().caption(); },
                     .captionFirst = false,
                     .opening = [] { return Text(); }}, // loaded() speaks
                    parent),
-      name_(name), label_(newLabel(u"Label2", {})), timer_(new QTimer(this)) {
+      work_(work), label_(newLabel(u"Label2", {})), timer_(new QTimer(this)) {
     setObjectName(u"frmDOE");
-    setWindowTitle(toQt(caption.empty() ? Text(progressCaption) : caption));
+    setWindowTitle(toQt(work.caption.empty() ? Text(progressCaption) : work.caption));
     setWindowModality(Qt::ApplicationModal);
-    auto* button = new KeyButton(toQt(stopCaption), context);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(newLabel(u"Label1", name));
+    layout->addWidget(newLabel(u"Label1", work.name));
     layout->addWidget(label_);
     layout->addWidget(newLabel(u"Label3", Text(progressStandingText)));
-    layout->addWidget(button, 0, Qt::AlignHCenter);
-
-    // The button has the focus from the start, and that alone says nothing.
-    spoken().add(*button, u"Command1", {.onFocus = [] {}});
+    if (work.canStop) {
+        auto* button = new KeyButton(toQt(stopCaption), context);
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+        // The button has the focus from the start, and that alone says nothing.
+        spoken().add(*button, u"Command1", {.onFocus = [] {}});
+        button->onClick([this] { stop(); });
+        button->setFocus();
+    }
     spoken().onKeyDown([this](const KeyStroke& stroke) {
         if (stroke != plainKey(Key::escape)) {
             return KeyOutcome::goesOn;
@@ -49,11 +52,9 @@ frmDOE::frmDOE(const FormContext& context, const Text& name, const Text& caption
         stop();
         return KeyOutcome::taken;
     });
-    button->onClick([this] { stop(); });
-    button->setFocus();
     timer_->setInterval(progressInterval);
     connect(timer_, &QTimer::timeout, this,
-            context.guard.wrap([this] { sayProgress(SpokenDialog::context().zormod, name_, progress_); }));
+            context.guard.wrap([this] { sayProgress(SpokenDialog::context().zormod, work_.name, progress_); }));
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endAfterwards(); });
     qApp->installEventFilter(this);
 }
@@ -61,7 +62,7 @@ frmDOE::frmDOE(const FormContext& context, const Text& name, const Text& caption
 frmDOE::~frmDOE() { qApp->removeEventFilter(this); }
 
 void frmDOE::loaded() {
-    if (loadProgress(context().zormod, name_, progress_)) {
+    if (loadProgress(context().zormod, work_.name, progress_)) {
         timer_->start();
     }
 }
@@ -72,6 +73,9 @@ void frmDOE::setProgress(const Text& text) {
 }
 
 void frmDOE::stop() {
+    if (!work_.canStop) {
+        return;
+    }
     timer_->stop();
     stopWork(context().zormod);
 }

@@ -13,7 +13,13 @@ class QTimer;
 class frmDOE : public SpokenDialog {
     Q_OBJECT
 public:
-    frmDOE(const FormContext& context, const Text& name, const Text& caption, QWidget* parent);
+    /// What the operation puts into the form.
+    struct Work {
+        Text name;
+        Text caption;        ///< empty: the form's own
+        bool canStop = true; ///< false: there is no button, and Esc and the close box do nothing
+    };
+    frmDOE(const FormContext& context, const Work& work, QWidget* parent);
     ~frmDOE() override;
 
     /// The form has come up: says what it has to say and starts its timer.
@@ -29,7 +35,7 @@ private:
     void stop();
     void endAfterwards();
 
-    Text name_;
+    Work work_;
     Text progress_;
     QLabel* label_;
     QTimer* timer_;

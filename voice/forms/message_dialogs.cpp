@@ -52,10 +52,10 @@ Answer MessageDialogs::askYesNoCancel(const Text& prompt, const Text& text) {
     return answered(context_->modals.run(form));
 }
 
-void MessageDialogs::openProgress(const Text& name, const Text& caption) {
+void MessageDialogs::openProgress(const Text& name, const Text& caption, bool canStop) {
     closeProgress();
     context_->heldKeys.muteHeld(); // the key that started the work must not press the button
-    progress_ = new frmDOE(*context_, name, caption, activeForm());
+    progress_ = new frmDOE(*context_, {.name = name, .caption = caption, .canStop = canStop}, activeForm());
     focusBefore_ = std::make_unique<FocusKeeper>(*progress_);
     progress_->show();
     progress_->activateWindow();

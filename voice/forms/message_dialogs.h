@@ -25,7 +25,7 @@ public:
     Answer askOkCancel(const Text& text, const Text& title) override;
     Text askText(const Text& prompt, const Text& title, const Text& defaultText) override;
     Answer askYesNoCancel(const Text& prompt, const Text& text) override;
-    void openProgress(const Text& name, const Text& caption) override;
+    void openProgress(const Text& name, const Text& caption, bool canStop) override;
     void showProgress(const Text& text) override;
     void closeProgress() override;
     bool isProgressOpen() const override { return focusBefore_ != nullptr; }

@@ -71,11 +71,12 @@ SpokenList::SpokenList(const FormContext& context, Rules rules, QWidget* parent)
             });
         }
     });
-    connect(this, &QListView::doubleClicked, this, context.guard.wrap([this] {
-        if (rules_.enter) {
-            rules_.enter();
-        }
-    }));
+    if (rules_.enter) {
+        connect(this, &QListView::doubleClicked, this, context.guard.wrap(rules_.enter));
+    }
+    if (rules_.click) {
+        connect(this, &QListView::clicked, this, context.guard.wrap(rules_.click));
+    }
     refill(-1);
 }
 

@@ -27,6 +27,7 @@ public:
         std::function<std::optional<int>(char16_t)> typed{};
         std::function<void()> enter{};     ///< Enter or a double click
         std::function<void()> space{};
+        std::function<void()> click{};
     };
 
     SpokenList(const FormContext& context, Rules rules, QWidget* parent = nullptr);

@@ -40,6 +40,11 @@ const std::vector<Operation>& operations() {
         {"records inserted", {"Down Down", "ctrl+g>", "BackSpace", "=700"}, "Return"},
         {"an item inserted", {"alt+Right>", "Return>", "Insert>"}, "y"},
         {"an item deleted", {"Right", "alt+Right>", "Return>", "Delete>"}, "y"},
+        {"records moved", {"alt+Down>", "Down Down Return>", "ctrl+Down>", "ctrl+Down"}, "Return"},
+        {"items moved", {"Right", "alt+Right>", "Return>", "ctrl+Right>", "Right"}, "Return"},
+        {"a block copied", {"Right", "shift+Down>", "ctrl+Down Return>", "Right>", "Right"}, "Return"},
+        {"a block moved", {"Right", "shift+Down>", "ctrl+Down Return>", "ctrl+Right>", "Right"}, "Return"},
+        {"an item widened", {"Right", "shift+space>", "shift+space"}, "Return"},
         {"a block cleared", {"Right", "shift+Down>", "ctrl+Down Right Return>", "Delete>"}, "y"},
     };
     return all;

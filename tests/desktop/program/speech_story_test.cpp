@@ -127,6 +127,26 @@ TEST(SpeechStory, AStartWithoutAFileLeadsThroughTheStartScreenIntoATable) {
     EXPECT_EQ(program.waitForEnd(), 0);
 }
 
+TEST(SpeechStory, TheFirstEnterInAFormThatWasOpenedByEnterCounts) {
+    StoryFolder folder;
+    ClipboardWatcher watcher;
+    RunningProgram program(folder.path(), "");
+    ASSERT_TRUE(watcher.hears("新規作成(Y)ｺﾏﾝﾄﾞぼたん。｡."));
+    expectAfterKey(watcher, "Tab", "既存ファイル(N)ｺﾏﾝﾄﾞぼたん");
+    usleep(250000);
+    const std::size_t before = watcher.count();
+    pressKey("Return");
+    ASSERT_TRUE(becomesTrue([&] { return watcher.count() > before; }, std::chrono::seconds(10)));
+    EXPECT_TRUE(watcher.texts().back().starts_with("ﾛﾐｶﾌｧｲﾙ指定。"));
+    expectAfterKey(watcher, "Down", "Kmeibo.txt､ﾌｧｲﾙﾘｽﾄﾎﾞｯｸｽ");
+    pressKey("Return");
+    usleep(800000);
+    expectAfterKey(watcher, "Right", "山田､  ｷﾞｮｳ1 ｺｳﾓｸ1 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ");
+    usleep(250000);
+    pressKey("Escape");
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
 TEST(SpeechStory, EscOnTheStartScreenEndsTheProgramAndForgetsTheMode) {
     StoryFolder folder;
     ClipboardWatcher watcher;

@@ -142,6 +142,11 @@ void Desk::watch() {
         rest();
         return;
     }
+    if (modal != watched_) {
+        // Time that passed before the form came up is no time in which it was stuck.
+        watched_ = modal;
+        rest();
+    }
     turns_ = QApplication::activeWindow() == modal ? turns_ + 1 : 0;
     const bool isServed = served_.contains(modal);
     const bool isReady = turns_ >= turnsUntilSettled;

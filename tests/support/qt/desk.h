@@ -39,6 +39,8 @@ public:
     void settle();
     /// `script` is run when the next modal form has come up and has said its opening text. It must close that form.
     void inNextModal(std::function<void()> script) { scripts_.push_back(std::move(script)); }
+    /// No modal form came up, and that was right: the scripts that waited for one are dropped.
+    void dropScripts() { scripts_.clear(); }
     /// Presses one key in the next modal form.
     void inNextModal(const KeyStroke& stroke);
 
@@ -75,6 +77,7 @@ private:
     std::deque<std::function<void()>> scripts_;
     std::function<void(QWidget&)> everyModal_;
     QPointer<QWidget> workedIn_;
+    QPointer<QWidget> watched_; ///< the modal form of the last turn
     QList<QPointer<QWidget>> served_;
     QPointer<QWidget> lastActive_;
     int turns_ = 0;

@@ -23,7 +23,7 @@ EditDesk::EditDesk(bool walledIn)
     formTable.setContext(context);
     formTable.addStanding(u"Form1", form);
     addStartForms(formTable, context);
-    addStructureForms(formTable, context);
+    addStructureForms(formTable, context, routines.pointer, routines.width);
     addKeyGuides(formTable, context);
     addTextViewer(formTable, context, routines.viewer);
     addRangeForms(formTable, context, routines.rangeDrawing);

@@ -1,0 +1,31 @@
+#include "app/clip_commands.h"
+
+#include "app/command_frame.h"
+#include "edit/movement.h"
+#include "edit/status_update.h"
+#include "structure/clip_file.h"
+#include "structure/clip_paste.h"
+
+namespace {
+
+void withTheRowOnDisk(EditScreen& edit, void (*routine)(ZORMOD&)) {
+    leaveTyping(edit);
+    routine(edit.zormod);
+    showCurrentCellAtRest(edit);
+}
+
+} // namespace
+
+void bindClipCommands(CommandTable& commands, EditScreen& edit) {
+    const auto bind = [&](TextView name, void (*routine)(ZORMOD&)) {
+        commands.bind(name, [&edit, routine] {
+            if (!beepsWithoutTable(edit.zormod)) {
+                withTheRowOnDisk(edit, routine);
+            }
+        });
+    };
+    bind(u"mnuCLIP", [](ZORMOD& zormod) { makeClip(zormod); });
+    bind(u"mnuPAST", pasteOver);
+    bind(u"mnuIPASTE", pasteInsert);
+    bind(u"mnuDEPAST", undoPaste);
+}

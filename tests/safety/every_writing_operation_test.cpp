@@ -1,0 +1,42 @@
+// Each operation that writes, in each way of failing, at each of its steps. What must hold is told in fault_runs.h.
+
+#include "safety/fault_runs.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+
+namespace {
+
+using Case = std::tuple<std::size_t, FaultWay>;
+
+class EveryWritingOperation : public testing::TestWithParam<Case> {};
+
+std::string caseName(const testing::TestParamInfo<Case>& info) {
+    std::string name = writingOperations()[std::get<0>(info.param)].name + "_" + nameOf(std::get<1>(info.param));
+    std::replace_if(name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}
+
+} // namespace
+
+TEST_P(EveryWritingOperation, LeavesTheOldFilesOrTheNewOnes) {
+    const auto [index, way] = GetParam();
+    const WritingOperation& operation = writingOperations()[index];
+    const FaultReport report = runWithFaults(operation, way, faultScope());
+    for (const auto& problem : report.problems) {
+        ADD_FAILURE() << problem;
+    }
+    // A deletion writes nothing, and a single row leaves nothing to recover.
+    const bool isAlwaysMet = way == FaultWay::failsOnce || way == FaultWay::failsFromThenOn || way == FaultWay::kill ||
+                             way == FaultWay::powerCut;
+    if (isAlwaysMet) {
+        EXPECT_GT(report.points, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Safety, EveryWritingOperation,
+                         testing::Combine(testing::Range<std::size_t>(0, writingOperations().size()),
+                                          testing::ValuesIn(allFaultWays)),
+                         caseName);
