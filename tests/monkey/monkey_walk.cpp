@@ -143,6 +143,9 @@ private:
         if (desk_->isRunning()) {
             checkAtRest(now, *key);
         }
+        if (now.taskWord == u"chfln") {
+            now.itemTable = seen_.itemTable; // the widths that are being tried are not those of the file yet
+        }
         seen_ = std::move(now);
     }
 
@@ -177,7 +180,9 @@ private:
             const auto& written = desk_->world.clipboard.written;
             complain("run-time failure: " + (written.empty() ? std::string() : utf8(written.back())));
         }
-        complain(keyboardIsHeard());
+        if (form.objectName() != QLatin1StringView("frmDOE")) { // one that can't be stopped has nothing to press
+            complain(keyboardIsHeard());
+        }
         const int keys = form.property(keyCount).toInt();
         form.setProperty(keyCount, keys + 1);
         const auto key = keys < keysInOneForm ? source_.next(desk_->situation()) : std::nullopt;

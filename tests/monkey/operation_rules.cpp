@@ -99,7 +99,9 @@ struct Compared {
     }
     /// Each item for which `placeOf` gives a place of 0 or more stands there with its value, unless it has become
     /// narrower.
-    bool keepsValues(std::string_view old, std::string_view made, const std::function<int(int)>& placeOf) const {
+    /// The first that doesn't is given.
+    std::optional<int> lostValue(std::string_view old, std::string_view made,
+                                 const std::function<int(int)>& placeOf) const {
         for (int item = 0; item <= before.itemTable.itemCount; ++item) {
             const int place = placeOf(item);
             if (place < 0 || place > now.itemTable.itemCount ||
@@ -107,10 +109,10 @@ struct Compared {
                 continue;
             }
             if (value(before, old, item) != value(now, made, place)) {
-                return false;
+                return item;
             }
         }
-        return true;
+        return std::nullopt;
     }
     bool keepsValuesSomewhere(std::string_view old, std::string_view made) const {
         std::vector<Text> values;
@@ -212,10 +214,14 @@ Complaint itemsChanged(const Compared& compared, Effect effect, const Records& o
         if (old[i] == now[i] || holdsHalves(compared.codePage, compared.before.itemTable, old[i])) {
             continue;
         }
-        const bool isKept = effect == Effect::itemsMoved ? compared.keepsValuesSomewhere(old[i], now[i])
-                                                         : compared.keepsValues(old[i], now[i], places);
-        if (!isKept) {
-            return complaintAt("items: a value was lost", i);
+        if (effect == Effect::itemsMoved) {
+            if (!compared.keepsValuesSomewhere(old[i], now[i])) {
+                return complaintAt("moved items: a value was lost", i);
+            }
+        } else if (const auto lost = compared.lostValue(old[i], now[i], places)) {
+            return *complaintAt("items: a value was lost", i) + ", item " + std::to_string(*lost) + ": " +
+                   readable(cellOf(compared.before.itemTable, old[i], *lost)) + " became " +
+                   readable(cellOf(compared.now.itemTable, now[i], places(*lost)));
         }
     }
     return std::nullopt;

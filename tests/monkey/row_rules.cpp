@@ -6,15 +6,6 @@
 
 namespace {
 
-std::string hex(std::string_view bytes) {
-    std::ostringstream text;
-    for (const char byte : bytes) {
-        text << (byte > ' ' && byte < 0x7F ? std::string(1, byte)
-                                           : "\\" + std::to_string(static_cast<unsigned char>(byte)));
-    }
-    return text.str();
-}
-
 template <typename... Parts> Complaint complaint(const Parts&... parts) {
     std::ostringstream text;
     (text << ... << parts);
@@ -79,11 +70,11 @@ Complaint onlyTheRowWasSaved(const CodePage& codePage, const Seen& before, const
             return complaint("another row: record ", number, " changed while the user stood at ", current);
         }
         if (record.substr(dataLength) != "\r\n") {
-            return complaint("line end: record ", number, " ends in ", hex(record.substr(dataLength)));
+            return complaint("line end: record ", number, " ends in ", readable(record.substr(dataLength)));
         }
         if (!differsInCellOnly(codePage, before, before.row, record.substr(0, dataLength))) {
-            return complaint("another cell: record ", number, ", item ", before.position.curItem, ": ", hex(before.row),
-                             " became ", hex(record));
+            return complaint("another cell: record ", number, ", item ", before.position.curItem, ": ", readable(before.row),
+                             " became ", readable(record));
         }
     }
     return std::nullopt;
@@ -94,12 +85,12 @@ Complaint onlyTheCellWasTyped(const CodePage& codePage, const Seen& before, cons
         return std::nullopt;
     }
     if (!mayChangeRow && before.boxText.empty()) {
-        return complaint("cell without typing: record ", before.position.curRecord, ": ", hex(before.row), " became ",
-                         hex(after.row));
+        return complaint("cell without typing: record ", before.position.curRecord, ": ", readable(before.row), " became ",
+                         readable(after.row));
     }
     if (!differsInCellOnly(codePage, before, before.row, after.row)) {
-        return complaint("another cell in the window: item ", before.position.curItem, ": ", hex(before.row), " became ",
-                         hex(after.row));
+        return complaint("another cell in the window: item ", before.position.curItem, ": ", readable(before.row), " became ",
+                         readable(after.row));
     }
     return std::nullopt;
 }
@@ -119,8 +110,8 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
                                    : record <= after.recordCount() ? after.record(record).substr(0, dataLength)
                                                                        : std::string_view(wanted);
     if (found != wanted) {
-        return complaint("typed text: Enter at record ", record, ", item ", before.position.curItem, " made ", hex(found),
-                         " instead of ", hex(wanted));
+        return complaint("typed text: Enter at record ", record, ", item ", before.position.curItem, " made ", readable(found),
+                         " instead of ", readable(wanted));
     }
     return std::nullopt;
 }
@@ -136,4 +127,13 @@ Seen withRowSaved(const CodePage& codePage, Seen before) {
         before.records.replace(at, recordLength, before.row + "\r\n");
     }
     return before;
+}
+
+std::string readable(std::string_view bytes) {
+    std::ostringstream text;
+    for (const char byte : bytes) {
+        text << (byte > ' ' && byte < 0x7F ? std::string(1, byte)
+                                           : "\\" + std::to_string(static_cast<unsigned char>(byte)));
+    }
+    return text.str();
 }

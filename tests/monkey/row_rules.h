@@ -24,3 +24,6 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
 
 /// `before` as it is once the row has come to the disk with what stands in the input box.
 Seen withRowSaved(const CodePage& codePage, Seen before);
+
+/// Bytes for a complaint: what isn't ASCII as numbers.
+std::string readable(std::string_view bytes);
