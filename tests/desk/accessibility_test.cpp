@@ -154,6 +154,16 @@ TEST(Accessibility, TheFormOfARangeNamesItsControlsAndTabReachesAll) {
     }
 }
 
+TEST(Accessibility, TheFormOfATargetNamesItsControlsAndTabReachesAll) {
+    WalkDesk desk;
+    for (const KeyStroke& stroke : {shiftKey(Key::down), plainKey(Key::enter), plainKey(Key::down)}) {
+        desk.key(stroke);
+    }
+    ASSERT_TRUE(desk.formTable.isLoaded(u"frmMSSG"));
+    walk(desk);
+    EXPECT_EQ(roleOf(desk.control(u"Text2")), QAccessible::EditableText);
+}
+
 TEST(Accessibility, TheMessageFormsNameTheirControlsAndTabReachesAll) {
     WalkDesk desk;
     const auto walkAndLeave = [&desk] {
@@ -277,9 +287,9 @@ TEST(Accessibility, ThePinnedItemIsALabelUnderItsTitle) {
     EXPECT_TRUE(tabStops(*window).empty());
 }
 
-/// Forms that cannot be opened by themselves: a pinned item, which is a label, and a range that is being chosen.
+/// Forms that cannot be opened by themselves: a pinned item, which is a label, and those that choose a range or its target.
 bool isWalkedElsewhere(TextView form) {
-    return form == u"frmSPITEM" || form == u"frmHANI";
+    return form == u"frmSPITEM" || form == u"frmHANI" || form == u"frmMSSG";
 }
 
 // A form that is new in the table of forms is walked here by itself.

@@ -36,6 +36,18 @@ TEST_P(EveryWritingOperation, LeavesTheOldFilesOrTheNewOnes) {
     }
 }
 
+TEST(FaultRuns, NoticeADiskThatLosesSyncs) {
+    int broken = 0;
+    for (const WritingOperation& operation : writingOperations()) {
+        FaultScope scope = faultScope();
+        scope.losesSyncs = true;
+        broken += runWithFaults(operation, FaultWay::powerCut, scope).problems.empty() ? 0 : 1;
+        EXPECT_TRUE(runWithFaults(operation, FaultWay::kill, scope).problems.empty()) << operation.name;
+    }
+    // Of a single row in one sector, and of a deletion, nothing can be torn.
+    EXPECT_GT(broken, 20);
+}
+
 INSTANTIATE_TEST_SUITE_P(Safety, EveryWritingOperation,
                          testing::Combine(testing::Range<std::size_t>(0, writingOperations().size()),
                                           testing::ValuesIn(allFaultWays)),

@@ -276,7 +276,9 @@ FaultRuns::Images FaultRuns::statesOf(SimulatedDisk disk, const std::vector<Disk
         if (done == steps.size()) {
             return images;
         }
-        disk.apply(steps[done]);
+        if (!scope_.losesSyncs || steps[done].kind != DiskStep::Kind::syncFile) {
+            disk.apply(steps[done]);
+        }
     }
 }
 
@@ -422,7 +424,7 @@ std::string nameOf(FaultWay way) {
 }
 
 FaultScope faultScope() {
-    return std::getenv("ROMIKA_LONG") == nullptr ? FaultScope{} : FaultScope{.randomCuts = 40, .mostStates = 1000};
+    return std::getenv("ROMIKA_LONG") == nullptr ? FaultScope{} : FaultScope{.randomCuts = 200, .mostStates = 1000};
 }
 
 FaultReport runWithFaults(const WritingOperation& operation, FaultWay way, const FaultScope& scope) {

@@ -34,8 +34,9 @@ struct FaultReport {
 
 /// How much is tried.
 struct FaultScope {
-    int randomCuts = 4;        ///< states tried at random for each step of a power cut
+    int randomCuts = 16;         ///< states tried at random for each step of a power cut
     std::size_t mostStates = 12; ///< states of the disk from which recoveries are spoilt
+    bool losesSyncs = false;     ///< the disk says that files are synced and isn't true to it: shows what the runs notice
 };
 /// The short scope, or, with the environment variable ROMIKA_LONG, the long one.
 FaultScope faultScope();

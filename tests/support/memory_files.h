@@ -21,6 +21,7 @@ public:
     std::unique_ptr<TableLock> lockFolder(const Text&) override { return std::make_unique<TableLock>(); }
     std::unique_ptr<TableLock> moveIntoPlace(const Text& from, const Text& to) override;
     void remove(const Text& path) override;
+    void removeLeftovers(const Text&) override {} // nothing here outlasts a kill
     void makeFolder(const Text& path) override;
     std::vector<Text> drives() override { return {u"C"}; }
     FolderContents folderContents(const Text& path) override;
