@@ -13,32 +13,31 @@ MonkeyKey press(const KeyStroke& stroke) {
 
 // The keys of the input box's tables, the frequent ones several times.
 constexpr std::array<KeyStroke, 40> moves = {
-    plainKey(Key::down),         plainKey(Key::down),         plainKey(Key::down),     plainKey(Key::up),
-    plainKey(Key::up),           plainKey(Key::right),        plainKey(Key::right),    plainKey(Key::left),
-    plainKey(Key::left),         ctrlKey(Key::down),          ctrlKey(Key::up),        ctrlKey(Key::right),
-    ctrlKey(Key::left),          plainKey(Key::pageUp),       plainKey(Key::pageDown), ctrlKey(Key::t),
-    ctrlShiftKey(Key::t),        plainKey(Key::insert),       plainKey(Key::del),      ctrlShiftKey(Key::insert),
-    plainKey(Key::space),        plainKey(Key::end),          plainKey(Key::home),     plainKey(Key::backspace),
-    shiftKey(Key::space),        ctrlKey(Key::space),         ctrlKey(Key::keypad0),   ctrlKey(Key::keypad1),
-    shiftKey(Key::pageDown),     ctrlShiftKey(Key::s),        ctrlKey(Key::pageDown),  ctrlShiftKey(Key::pageDown),
-    ctrlKey(Key::pageUp),        ctrlShiftKey(Key::r),        shiftKey(Key::pageUp),   ctrlShiftKey(Key::q),
-    altKey(Key::n),              altKey(Key::m),              altKey(Key::g),          plainKey(Key::f12)};
-constexpr std::array<KeyStroke, 10> ranges = {shiftKey(Key::up),   shiftKey(Key::down), shiftKey(Key::left),
-                                              shiftKey(Key::right), altKey(Key::up),    altKey(Key::down),
-                                              altKey(Key::left),   altKey(Key::right),  ctrlKey(Key::k),
-                                              shiftKey(Key::down)};
-constexpr std::array<KeyStroke, 12> onRange = {
-    plainKey(Key::del),  plainKey(Key::insert), plainKey(Key::up),   plainKey(Key::down), plainKey(Key::left),
-    plainKey(Key::right), ctrlKey(Key::up),     ctrlKey(Key::down),  ctrlKey(Key::left),  ctrlKey(Key::right),
-    plainKey(Key::shift), plainKey(Key::enter)};
-constexpr std::array<KeyStroke, 12> arrows = {
-    plainKey(Key::up), plainKey(Key::down), plainKey(Key::left), plainKey(Key::right),
-    plainKey(Key::up), plainKey(Key::down), plainKey(Key::left), plainKey(Key::right),
-    plainKey(Key::home), plainKey(Key::end), plainKey(Key::pageUp), plainKey(Key::pageDown)};
-constexpr std::array<KeyStroke, 12> editing = {
-    ctrlKey(Key::c),    ctrlKey(Key::v),       ctrlKey(Key::x),      shiftKey(Key::insert),  ctrlKey(Key::insert),
-    shiftKey(Key::del), plainKey(Key::del),    plainKey(Key::home),  plainKey(Key::backspace), shiftKey(Key::left),
-    shiftKey(Key::end), ctrlKey(Key::z)};
+    plainKey(Key::down),     plainKey(Key::down),   plainKey(Key::down),     plainKey(Key::up),
+    plainKey(Key::up),       plainKey(Key::right),  plainKey(Key::right),    plainKey(Key::left),
+    plainKey(Key::left),     ctrlKey(Key::down),    ctrlKey(Key::up),        ctrlKey(Key::right),
+    ctrlKey(Key::left),      plainKey(Key::pageUp), plainKey(Key::pageDown), ctrlKey(Key::t),
+    ctrlShiftKey(Key::t),    plainKey(Key::insert), plainKey(Key::del),      ctrlShiftKey(Key::insert),
+    plainKey(Key::space),    plainKey(Key::end),    plainKey(Key::home),     plainKey(Key::backspace),
+    shiftKey(Key::space),    ctrlKey(Key::space),   ctrlKey(Key::keypad0),   ctrlKey(Key::keypad1),
+    shiftKey(Key::pageDown), ctrlShiftKey(Key::s),  ctrlKey(Key::pageDown),  ctrlShiftKey(Key::pageDown),
+    ctrlKey(Key::pageUp),    ctrlShiftKey(Key::r),  shiftKey(Key::pageUp),   ctrlShiftKey(Key::q),
+    altKey(Key::n),          altKey(Key::m),        altKey(Key::g),          plainKey(Key::f12)};
+constexpr std::array<KeyStroke, 10> ranges = {
+    shiftKey(Key::up), shiftKey(Key::down), shiftKey(Key::left), shiftKey(Key::right), altKey(Key::up),
+    altKey(Key::down), altKey(Key::left),   altKey(Key::right),  ctrlKey(Key::k),      shiftKey(Key::down)};
+constexpr std::array<KeyStroke, 12> onRange = {plainKey(Key::del),  plainKey(Key::insert), plainKey(Key::up),
+                                               plainKey(Key::down), plainKey(Key::left),   plainKey(Key::right),
+                                               ctrlKey(Key::up),    ctrlKey(Key::down),    ctrlKey(Key::left),
+                                               ctrlKey(Key::right), plainKey(Key::shift),  plainKey(Key::enter)};
+constexpr std::array<KeyStroke, 12> arrows = {plainKey(Key::up),    plainKey(Key::down),   plainKey(Key::left),
+                                              plainKey(Key::right), plainKey(Key::up),     plainKey(Key::down),
+                                              plainKey(Key::left),  plainKey(Key::right),  plainKey(Key::home),
+                                              plainKey(Key::end),   plainKey(Key::pageUp), plainKey(Key::pageDown)};
+constexpr std::array<KeyStroke, 12> editing = {ctrlKey(Key::c),       ctrlKey(Key::v),      ctrlKey(Key::x),
+                                               shiftKey(Key::insert), ctrlKey(Key::insert), shiftKey(Key::del),
+                                               plainKey(Key::del),    plainKey(Key::home),  plainKey(Key::backspace),
+                                               shiftKey(Key::left),   shiftKey(Key::end),   ctrlKey(Key::z)};
 constexpr std::array<TextView, 8> numbers = {u"1", u"2", u"3", u"0", u"-1", u"99999", u"1-2", u"１"};
 constexpr std::array<TextView, 5> names = {u"a", u"新表", u"t.txt", u"b.txt", u"b"};
 constexpr std::array<TextView, 5> foreignTexts = {u"他のﾃｷｽﾄ", u"a\r\nb", u"", u"1\t2", u"山。｡."};
@@ -103,7 +102,7 @@ MonkeyKey KeyPicker::inForm(const Situation& situation) {
         return accessKey(situation);
     }
     if (situation.takesText && draw < 84) {
-        return draw < 72 ? MonkeyKey{Kind::type, {}, Text(dice_.oneOf(numbers))}
+        return draw < 72   ? MonkeyKey{Kind::type, {}, Text(dice_.oneOf(numbers))}
                : draw < 76 ? MonkeyKey{Kind::type, {}, Text(dice_.oneOf(names))}
                : draw < 80 ? press(dice_.oneOf(editing))
                            : text();
@@ -197,5 +196,6 @@ MonkeyKey KeyPicker::held(const KeyStroke& stroke) {
 }
 
 MonkeyKey KeyPicker::accessKey(const Situation& situation) {
-    return situation.accessKeys.empty() ? press(plainKey(Key::enter)) : press(altKey(dice_.oneOf(situation.accessKeys)));
+    return situation.accessKeys.empty() ? press(plainKey(Key::enter))
+                                        : press(altKey(dice_.oneOf(situation.accessKeys)));
 }

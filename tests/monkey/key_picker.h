@@ -17,10 +17,10 @@ struct Situation {
     };
     Place place = Place::panel;
     bool boxIsEmpty = true;
-    bool takesText = false;            ///< the control with the focus takes text
-    bool rangeIsFixed = false;         ///< a range is selected
-    bool picksPlace = false;           ///< a range is being drawn, or a place to move to is being looked for
-    std::vector<Key> accessKeys{};     ///< the underlined letters
+    bool takesText = false;             ///< the control with the focus takes text
+    bool rangeIsFixed = false;          ///< a range is selected
+    bool picksPlace = false;            ///< a range is being drawn, or a place to move to is being looked for
+    std::vector<Key> accessKeys{};      ///< the underlined letters
     std::vector<KeyStroke> shortcuts{}; ///< of the menus
 };
 

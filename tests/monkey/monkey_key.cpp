@@ -13,12 +13,13 @@ using Kind = MonkeyKey::Kind;
 
 // In the order of Key and of MonkeyKey::Kind.
 constexpr std::array<std::string_view, 77> keyNames = {
-    "Other", "Enter", "Esc",  "Tab",    "Backspace", "Space", "Left",    "Right", "Up",  "Down", "Home", "End", "PageUp",
-    "PageDown", "Ins", "Del", "Shift",  "Ctrl",      "Alt",   "F1",      "F2",    "F3",  "F4",   "F5",   "F6",  "F7",
-    "F8",    "F9",    "F10",  "F11",    "F12",       "Num0",  "Num1",    "Num2",  "Num3", "Num4", "Num5", "Num6", "Num7",
-    "Num8",  "Num9",  "0",    "1",      "2",         "3",     "4",       "5",     "6",   "7",    "8",    "9",   "A",
-    "B",     "C",     "D",    "E",      "F",         "G",     "H",       "I",     "J",   "K",    "L",    "M",   "N",
-    "O",     "P",     "Q",    "R",      "S",         "T",     "U",       "V",     "W",   "X",    "Y",    "Z"};
+    "Other", "Enter",  "Esc",      "Tab",  "Backspace", "Space", "Left", "Right", "Up",  "Down", "Home",
+    "End",   "PageUp", "PageDown", "Ins",  "Del",       "Shift", "Ctrl", "Alt",   "F1",  "F2",   "F3",
+    "F4",    "F5",     "F6",       "F7",   "F8",        "F9",    "F10",  "F11",   "F12", "Num0", "Num1",
+    "Num2",  "Num3",   "Num4",     "Num5", "Num6",      "Num7",  "Num8", "Num9",  "0",   "1",    "2",
+    "3",     "4",      "5",        "6",    "7",         "8",     "9",    "A",     "B",   "C",    "D",
+    "E",     "F",      "G",        "H",    "I",         "J",     "K",    "L",     "M",   "N",    "O",
+    "P",     "Q",      "R",        "S",    "T",         "U",     "V",    "W",     "X",   "Y",    "Z"};
 constexpr std::array<std::string_view, 9> kindNames = {"press",   "down",   "repeat", "up",  "type",
                                                        "compose", "commit", "copy",   "turn"};
 

@@ -2,13 +2,14 @@
 
 #include "platform/failure.h"
 #include "platform/qt/qt_text.h"
+#include "tests/monkey/key_source.h"
+#include "tests/monkey/memory_watch.h"
 #include "tests/monkey/step_rules.h"
 
 #include <QApplication>
 
 #include <array>
 #include <cstdio>
-#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -22,65 +23,6 @@ constexpr int keysInOneForm = 60; ///< after these the monkey wants to get out
 constexpr int keysToGetOut = 200;
 constexpr TextView makeFolderTitle = u"フォルダの作成";
 constexpr auto keyCount = "monkeyKeys";
-
-/// Where the keys of a walk come from.
-class KeySource {
-public:
-    virtual ~KeySource() = default;
-    /// Nothing when they are used up.
-    virtual std::optional<MonkeyKey> next(const Situation& situation) = 0;
-};
-
-class TraceSource : public KeySource {
-public:
-    explicit TraceSource(const std::vector<MonkeyKey>& keys) : keys_(keys) {}
-    std::optional<MonkeyKey> next(const Situation&) override {
-        return at_ < keys_.size() ? std::optional(keys_[at_++]) : std::nullopt;
-    }
-
-private:
-    const std::vector<MonkeyKey>& keys_;
-    std::size_t at_ = 0;
-};
-
-/// Chooses keys and writes each one down before it is pressed.
-class RandomSource : public KeySource {
-public:
-    RandomSource(std::uint64_t seed, std::uint64_t table, int steps, const std::string& traceFile)
-        : picker_(seed), steps_(steps), trace_(traceFile, std::ios::binary | std::ios::trunc) {
-        trace_ << textOf({table, {}}) << std::flush;
-    }
-    std::optional<MonkeyKey> next(const Situation& situation) override {
-        if (steps_-- <= 0) {
-            return std::nullopt;
-        }
-        if (queue_.empty()) {
-            choose(situation);
-        }
-        const MonkeyKey key = queue_.front();
-        queue_.pop_front();
-        trace_ << lineOf(key) << "\n" << std::flush;
-        return key;
-    }
-
-private:
-    // What is typed is typed key by key, so that the table can be looked at in between.
-    void choose(const Situation& situation) {
-        const MonkeyKey key = picker_.next(situation);
-        if (key.kind != MonkeyKey::Kind::type) {
-            queue_.push_back(key);
-            return;
-        }
-        for (const char16_t unit : key.text) {
-            queue_.push_back({MonkeyKey::Kind::type, {}, Text(1, unit)});
-        }
-    }
-
-    KeyPicker picker_;
-    std::deque<MonkeyKey> queue_;
-    int steps_;
-    std::ofstream trace_;
-};
 
 /// The folder of a walk on table `number`: two tables, or only the one that isn't opened by itself.
 FolderFiles folderFor(const CodePage& codePage, std::uint64_t number) {
@@ -171,7 +113,8 @@ private:
                 std::cout << "    " << utf8(text) << std::endl;
             }
             const Position& at = desk_->zormod.position;
-            std::cout << "    " << at.curRecord << "/" << at.curItem << " " << utf8(desk_->zormod.taskWord) << std::endl;
+            std::cout << "    " << at.curRecord << "/" << at.curItem << " " << utf8(desk_->zormod.taskWord)
+                      << std::endl;
         }
     }
 
@@ -219,34 +162,6 @@ private:
     bool isOver_ = false;
 };
 
-/// Memory that the process holds, in bytes.
-long residentMemory() {
-    long pages = 0;
-    long resident = 0;
-    std::ifstream("/proc/self/statm") >> pages >> resident;
-    return resident * sysconf(_SC_PAGESIZE);
-}
-
-/// Tells of memory that grows from table to table.
-class MemoryWatch {
-public:
-    void look() {
-        constexpr int tablesToWarmUp = 8;
-        constexpr long allowed = 48L << 20;
-        const long now = residentMemory();
-        if (++tables_ <= tablesToWarmUp) {
-            first_ = std::max(first_, now);
-        } else if (now > first_ + allowed) {
-            tellAndEnd("memory: " + std::to_string(now >> 20) + " MB after " + std::to_string(tables_) + " tables, " +
-                       std::to_string(first_ >> 20) + " MB at first");
-        }
-    }
-
-private:
-    int tables_ = 0;
-    long first_ = 0;
-};
-
 } // namespace
 
 void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) {
@@ -259,7 +174,9 @@ void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) 
         RandomSource source(dice.number(), table, now, traceFile);
         Walk(source, folderFor(codePage, table)).run();
         steps -= now;
-        memory.look();
+        if (const auto wrong = memory.look()) {
+            tellAndEnd(*wrong);
+        }
     }
 }
 

@@ -39,7 +39,8 @@ constexpr std::array<Word, 5> taskWords = {{
 }};
 
 template <typename List> Effect lookUp(const List& list, TextView name) {
-    const auto* const found = std::find_if(list.begin(), list.end(), [&](const Word& word) { return word.name == name; });
+    const auto* const found =
+        std::find_if(list.begin(), list.end(), [&](const Word& word) { return word.name == name; });
     return found == list.end() ? Effect::none : found->effect;
 }
 
@@ -148,7 +149,8 @@ Complaint stretchChanged(const Records& longer, const Records& shorter, bool mus
         const auto back = std::mismatch(shorter.rbegin(), shorter.rend(), longer.rbegin(), longer.rend());
         return "records: more changed than one stretch of them, from record " +
                std::to_string(same.first - shorter.begin() + 1) + " to " + std::to_string(shorter.rend() - back.first) +
-               " of " + std::to_string(shorter.size()) + ", with " + std::to_string(longer.size()) + " in the other table";
+               " of " + std::to_string(shorter.size()) + ", with " + std::to_string(longer.size()) +
+               " in the other table";
     }
     if (mustBeBlank && !std::all_of(stretch.begin(), stretch.end(), isBlank)) {
         return "added records: not all are blank";
@@ -182,7 +184,9 @@ Complaint rangeCleared(const CodePage& codePage, const Seen& before, const Recor
 Complaint blockPut(const Seen& before, const Seen& after, const Records& old, const Records& now) {
     const Selection& range = before.selection;
     const std::int32_t height = range.selRecordTo - range.selRecordFrom;
-    const auto isIn = [](std::int32_t number, std::int32_t from, std::int32_t to) { return number >= from && number <= to; };
+    const auto isIn = [](std::int32_t number, std::int32_t from, std::int32_t to) {
+        return number >= from && number <= to;
+    };
     for (std::size_t i = 0; i < old.size(); ++i) {
         const auto number = static_cast<std::int32_t>(i) + 1;
         if (old[i] != now[i] && !isIn(number, range.selRecordFrom, range.selRecordTo) &&

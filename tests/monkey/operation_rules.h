@@ -21,5 +21,6 @@ enum class Effect {
 /// The effect that the commands in `ran` can have, begun in the state `before`.
 Effect effectOf(const Seen& before, const std::vector<Text>& ran);
 
-/// Whether the table changed as the effect allows, or not at all. The row that the user was in may have been saved first.
+/// Whether the table changed as the effect allows, or not at all. The row that the user was in may have been saved
+/// first.
 Complaint changedByEffect(const CodePage& codePage, Effect effect, const Seen& before, const Seen& now);

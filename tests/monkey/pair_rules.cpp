@@ -110,8 +110,8 @@ Complaint pairIsWhole(const CodePage& codePage, const Seen& now) {
 Complaint nothingIsLeftBehind(MonkeyDesk& desk) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(desk.world.folder.path())) {
         const std::string name = entry.path().filename().string();
-        if (name.starts_with(".new-") || name.starts_with(".swap-") || name == ".romika-work" || name.ends_with(".QQQ") ||
-            name.ends_with(".qqq")) {
+        if (name.starts_with(".new-") || name.starts_with(".swap-") || name == ".romika-work" ||
+            name.ends_with(".QQQ") || name.ends_with(".qqq")) {
             return "left behind: " + name;
         }
     }

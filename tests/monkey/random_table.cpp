@@ -25,7 +25,8 @@ void makeItems(Dice& dice, ItemTable& items) {
         const int widest = std::max(1, std::min(left - others, dice.oneIn(8) ? 120 : 16));
         const int width = dice.oneIn(4) ? 1 : dice.between(1, widest);
         left -= width;
-        items.itemName[i] = i == 0 ? Text(u"ID") : Text(1, dice.oneOf(wideCharacters)) + Text(1, dice.oneOf(wideCharacters));
+        items.itemName[i] =
+            i == 0 ? Text(u"ID") : Text(1, dice.oneOf(wideCharacters)) + Text(1, dice.oneOf(wideCharacters));
         items.itemAlign[i] = dice.oneIn(2) ? u"L" : u"R";
         items.itemWidth[i] = static_cast<std::int16_t>(width);
     }

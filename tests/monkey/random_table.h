@@ -1,6 +1,6 @@
 #pragma once
-// Tables as nobody would make them on purpose: any number of items, narrow and wide, and in their cells double-byte text
-// that is cut in the middle of a character.
+// Tables as nobody would make them on purpose: any number of items, narrow and wide, and in their cells double-byte
+// text that is cut in the middle of a character.
 
 #include "platform/code_page.h"
 #include "sheet/zormod.h"
@@ -42,4 +42,6 @@ RandomTable randomTable(const CodePage& codePage, std::uint64_t number);
 Text randomText(Dice& dice, int longest);
 
 /// The bytes with each character in its one right code: what reading and writing a row makes of them.
-inline Bytes canonical(const CodePage& codePage, BytesView bytes) { return codePage.encode(codePage.decode(bytes)); }
+inline Bytes canonical(const CodePage& codePage, BytesView bytes) {
+    return codePage.encode(codePage.decode(bytes));
+}

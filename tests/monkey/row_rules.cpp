@@ -56,8 +56,8 @@ Complaint onlyTheRowWasSaved(const CodePage& codePage, const Seen& before, const
     const int current = before.position.curRecord;
     const bool isNew = current == before.recordCount() + 1;
     if (now.size() != old && !(isNew && now.size() == old + recordLength)) {
-        return complaint("records: ", old / recordLength, " became ", now.size() / recordLength, " while the user stood at ",
-                         current);
+        return complaint("records: ", old / recordLength, " became ", now.size() / recordLength,
+                         " while the user stood at ", current);
     }
     const std::string_view view(now);
     for (std::size_t at = 0; at < now.size(); at += recordLength) {
@@ -73,24 +73,25 @@ Complaint onlyTheRowWasSaved(const CodePage& codePage, const Seen& before, const
             return complaint("line end: record ", number, " ends in ", readable(record.substr(dataLength)));
         }
         if (!differsInCellOnly(codePage, before, before.row, record.substr(0, dataLength))) {
-            return complaint("another cell: record ", number, ", item ", before.position.curItem, ": ", readable(before.row),
-                             " became ", readable(record));
+            return complaint("another cell: record ", number, ", item ", before.position.curItem, ": ",
+                             readable(before.row), " became ", readable(record));
         }
     }
     return std::nullopt;
 }
 
 Complaint onlyTheCellWasTyped(const CodePage& codePage, const Seen& before, const Seen& after, bool mayChangeRow) {
-    if (before.table != after.table || before.position.curRecord != after.position.curRecord || before.row == after.row) {
+    if (before.table != after.table || before.position.curRecord != after.position.curRecord ||
+        before.row == after.row) {
         return std::nullopt;
     }
     if (!mayChangeRow && before.boxText.empty()) {
-        return complaint("cell without typing: record ", before.position.curRecord, ": ", readable(before.row), " became ",
-                         readable(after.row));
+        return complaint("cell without typing: record ", before.position.curRecord, ": ", readable(before.row),
+                         " became ", readable(after.row));
     }
     if (!differsInCellOnly(codePage, before, before.row, after.row)) {
-        return complaint("another cell in the window: item ", before.position.curItem, ": ", readable(before.row), " became ",
-                         readable(after.row));
+        return complaint("another cell in the window: item ", before.position.curItem, ": ", readable(before.row),
+                         " became ", readable(after.row));
     }
     return std::nullopt;
 }
@@ -106,12 +107,12 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
                              : withCell(codePage, before, before.row, aligned(codePage, before, before.boxText));
     const int record = before.position.curRecord;
     const bool isHere = after.position.curRecord == record;
-    const std::string_view found = isHere                              ? std::string_view(after.row)
+    const std::string_view found = isHere                          ? std::string_view(after.row)
                                    : record <= after.recordCount() ? after.record(record).substr(0, dataLength)
-                                                                       : std::string_view(wanted);
+                                                                   : std::string_view(wanted);
     if (found != wanted) {
-        return complaint("typed text: Enter at record ", record, ", item ", before.position.curItem, " made ", readable(found),
-                         " instead of ", readable(wanted));
+        return complaint("typed text: Enter at record ", record, ", item ", before.position.curItem, " made ",
+                         readable(found), " instead of ", readable(wanted));
     }
     return std::nullopt;
 }

@@ -8,9 +8,9 @@
 
 /// A look at the program.
 struct Seen {
-    Text table{};             ///< drive and name of the open table; empty: none
-    std::string items{};      ///< its K file
-    std::string records{};    ///< its data file
+    Text table{};          ///< drive and name of the open table; empty: none
+    std::string items{};   ///< its K file
+    std::string records{}; ///< its data file
     ItemTable itemTable{};
     Position position{};
     Selection selection{};

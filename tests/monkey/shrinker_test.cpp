@@ -48,13 +48,16 @@ TEST(Shrinker, GivesUpAfterItsTriesWithAListThatStillFails) {
 }
 
 TEST(Shrinker, CanEmptyAListThatFailsAnyway) {
-    EXPECT_EQ(shrunk<int>(upTo(9), [](const std::vector<int>&) { return true; }, 100), std::vector<int>{});
+    EXPECT_EQ(shrunk<int>(
+                  upTo(9), [](const std::vector<int>&) { return true; }, 100),
+              std::vector<int>{});
 }
 
 TEST(MonkeyTrace, ComesBackAsItWasWritten) {
     Trace trace{42, {}};
     for (int key = 0; key <= static_cast<int>(Key::z); ++key) {
-        trace.keys.push_back({MonkeyKey::Kind::press, {static_cast<Key>(key), key % 2 == 0, key % 3 == 0, key % 5 == 0}});
+        trace.keys.push_back(
+            {MonkeyKey::Kind::press, {static_cast<Key>(key), key % 2 == 0, key % 3 == 0, key % 5 == 0}});
     }
     trace.keys.push_back({MonkeyKey::Kind::down, ctrlShiftKey(Key::t)});
     trace.keys.push_back({MonkeyKey::Kind::repeat, altKey(Key::f10)});

@@ -12,11 +12,11 @@ namespace {
 
 /// Commands that change no table beyond the row that the user leaves.
 constexpr std::array<TextView, 34> quietCommands = {
-    u"mnuJUMP",  u"mnuHJ",      u"mnuEXTD",  u"mnuEXTTOP", u"mnuEXTR",     u"mnuEXTL",   u"mnuHOME",
-    u"mnuCTRLP", u"mnuCTRLU",   u"mnuDTKN",  u"mnuDTKEX",  u"mnuDTKOFF",   u"mnuJY",     u"mnuINH",
-    u"mnuALT",   u"mnuCTRL",    u"mnuFKEY",  u"mnuSfunc",  u"menuGENERAL", u"mnuGUIDE",  u"mnuWRITE",
-    u"mnuSETU",  u"mnuOSETU",   u"mnuCONTROLS", u"mnuREDME", u"mnuH",      u"mnuItemList", u"backToInputBox",
-    u"mnuEND",   u"mnuCTRLD",   u"shiftCellsRight", u"shiftCellsLeft", u"mnuLIMIT", u"Hread"};
+    u"mnuJUMP",  u"mnuHJ",    u"mnuEXTD",         u"mnuEXTTOP",      u"mnuEXTR",     u"mnuEXTL",     u"mnuHOME",
+    u"mnuCTRLP", u"mnuCTRLU", u"mnuDTKN",         u"mnuDTKEX",       u"mnuDTKOFF",   u"mnuJY",       u"mnuINH",
+    u"mnuALT",   u"mnuCTRL",  u"mnuFKEY",         u"mnuSfunc",       u"menuGENERAL", u"mnuGUIDE",    u"mnuWRITE",
+    u"mnuSETU",  u"mnuOSETU", u"mnuCONTROLS",     u"mnuREDME",       u"mnuH",        u"mnuItemList", u"backToInputBox",
+    u"mnuEND",   u"mnuCTRLD", u"shiftCellsRight", u"shiftCellsLeft", u"mnuLIMIT",    u"Hread"};
 /// Those of them that change the current row without anything being typed.
 constexpr std::array<TextView, 3> rowCommands = {u"mnuCTRLD", u"shiftCellsRight", u"shiftCellsLeft"};
 

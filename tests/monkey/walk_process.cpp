@@ -51,7 +51,8 @@ bool readAll(int from, std::string& into, Clock::time_point end) {
 
 std::string lineBehind(const std::string& text, const std::string& mark) {
     const std::size_t at = text.find(mark);
-    return at == std::string::npos ? std::string() : text.substr(at + mark.size(), text.find('\n', at) - at - mark.size());
+    return at == std::string::npos ? std::string()
+                                   : text.substr(at + mark.size(), text.find('\n', at) - at - mark.size());
 }
 
 /// What was found, without the details that differ from walk to walk.

@@ -24,7 +24,9 @@ namespace {
 using Moment = std::chrono::steady_clock::time_point;
 using Millis = std::chrono::duration<double, std::milli>;
 
-bool isLongRun() { return std::getenv("ROMIKA_LONG") != nullptr; }
+bool isLongRun() {
+    return std::getenv("ROMIKA_LONG") != nullptr;
+}
 
 /// An operation as the user starts it from record 1, item 0.
 struct Operation {
@@ -137,16 +139,18 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
     std::string state = stateOf(table.world);
     pressKey(operation.start);
     constexpr Millis rest(900);
-    becomesTrue([&] {
-        const Moment now = std::chrono::steady_clock::now();
-        std::string next = stateOf(table.world);
-        if (next != state) {
-            state = std::move(next);
-            lastChange = now;
-            firstChange = firstChange == begin ? now : firstChange;
-        }
-        return lastChange != begin && now - lastChange > rest;
-    }, std::chrono::seconds(isLongRun() ? 60 : 10));
+    becomesTrue(
+        [&] {
+            const Moment now = std::chrono::steady_clock::now();
+            std::string next = stateOf(table.world);
+            if (next != state) {
+                state = std::move(next);
+                lastChange = now;
+                firstChange = firstChange == begin ? now : firstChange;
+            }
+            return lastChange != begin && now - lastChange > rest;
+        },
+        std::chrono::seconds(isLongRun() ? 60 : 10));
     Outcome outcome{pairIn(table.world), namesIn(table.world), firstChange - begin, lastChange - begin};
     EXPECT_NE(outcome.pair, old) << operation.name << " was never done";
     return outcome;

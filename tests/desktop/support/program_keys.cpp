@@ -7,7 +7,9 @@ namespace {
 
 constexpr auto patience = std::chrono::seconds(10);
 
-std::string activeWindow() { return outputOf("xdotool getactivewindow"); }
+std::string activeWindow() {
+    return outputOf("xdotool getactivewindow");
+}
 
 bool press(const std::string& step) {
     if (step.starts_with('=')) {
@@ -20,10 +22,12 @@ bool press(const std::string& step) {
     }
     const std::string before = activeWindow();
     pressKey(step.substr(0, step.size() - 1));
-    return becomesTrue([&] {
-        const std::string now = activeWindow();
-        return !now.empty() && now != before;
-    }, patience);
+    return becomesTrue(
+        [&] {
+            const std::string now = activeWindow();
+            return !now.empty() && now != before;
+        },
+        patience);
 }
 
 } // namespace
@@ -38,6 +42,6 @@ bool pressOnTheWay(const std::vector<std::string>& steps) {
 }
 
 bool windowComesUp(const std::string& part) {
-    return becomesTrue([&] { return outputOf("xdotool getactivewindow getwindowname").find(part) != std::string::npos; },
-                       patience);
+    return becomesTrue(
+        [&] { return outputOf("xdotool getactivewindow getwindowname").find(part) != std::string::npos; }, patience);
 }
