@@ -118,7 +118,7 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
 }
 
 Seen withRowSaved(const CodePage& codePage, Seen before) {
-    if (!before.boxText.empty()) {
+    if (!before.boxIsEmpty) {
         before.row = withCell(codePage, before, before.row, aligned(codePage, before, before.boxText));
     }
     const auto at = static_cast<std::size_t>(before.position.curRecord - 1) * recordLength;

@@ -1,5 +1,6 @@
 #include "tests/monkey/seen.h"
 
+#include "edit/movement.h"
 #include "platform/qt/key_line_edit.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
@@ -18,6 +19,7 @@ Seen look(MonkeyDesk& desk) {
     seen.position = zormod.position;
     seen.selection = zormod.selection;
     seen.boxText = desk.edit.txtinputbox.text();
+    seen.boxIsEmpty = boxIsEmpty(desk.edit);
     seen.taskWord = zormod.taskWord;
     seen.idIsAutomatic = zormod.input.idAutoOn != 0;
     const auto* box = qobject_cast<const KeyLineEdit*>(QApplication::focusWidget());

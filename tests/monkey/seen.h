@@ -16,6 +16,7 @@ struct Seen {
     Selection selection{};
     Bytes row{};              ///< the current row of the window
     Text boxText{};           ///< what stands in the input box
+    bool boxIsEmpty = true;   ///< nothing in it, or the blank that asks for the limit to be lifted
     bool inInputBox = false;  ///< the input box has the focus
     bool isComposing = false; ///< an input method shows text that isn't handed over yet
     Text taskWord{};
