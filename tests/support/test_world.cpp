@@ -25,13 +25,16 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 TestWorld::TestWorld(const RealParts& parts)
-    : files(defaultDrives(), folder.path()),
+    : files(parts.walledIn ? DriveTable{{u'C', folder.path()}} : defaultDrives(), folder.path()),
       zormod(Platform{clipboard, clock, beeper, files, codePage, parts.dialogs != nullptr ? *parts.dialogs : dialogs,
                       parts.screen != nullptr ? *parts.screen : screen,
                       parts.commands != nullptr ? *parts.commands : commands,
                       parts.forms != nullptr ? *parts.forms : forms, eventLoop,
                       parts.printer != nullptr ? *parts.printer : printer}) {
-    zormod.file.programFolder = files.currentFolder() + u"\\";
+    zormod.file.programFolder = files.currentFolder();
+    if (!zormod.file.programFolder.ends_with(u'\\')) {
+        zormod.file.programFolder += u'\\';
+    }
 }
 
 namespace {

@@ -34,6 +34,7 @@ struct RealParts {
     Commands* commands = nullptr;
     Forms* forms = nullptr;
     Printer* printer = nullptr;
+    bool walledIn = false; ///< drive C is the temporary folder: no path of the program leads out of it
 };
 
 /// Doubles, real files in `folder` (the program folder too), and the shared state in its start-up values.

@@ -18,6 +18,20 @@ RomikaApplication& application() {
     return *static_cast<RomikaApplication*>(QCoreApplication::instance());
 }
 
+/// The one window on the screen; null if there is none, or several.
+QWidget* windowThatIsLeft() {
+    QWidget* left = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            if (left != nullptr) {
+                return nullptr;
+            }
+            left = window;
+        }
+    }
+    return left;
+}
+
 RealParts withDialogs(RealParts parts, Dialogs& dialogs) {
     parts.dialogs = &dialogs;
     return parts;
@@ -63,15 +77,16 @@ void Desk::settle() {
     }
 }
 
-// The platform has no window manager: when a menu has closed, no window or the closed menu itself is active.
+// The platform has no window manager: when a menu has closed, no window or the closed menu itself is active, and none at
+// all when the active window has gone and another one is left.
 void Desk::manageWindows() {
     QWidget* active = QApplication::activeWindow();
     // Nor does the platform leave the keyboard where it is for a window that doesn't want it.
     const bool isPassive = active != nullptr && active->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
     if (active != nullptr && active->isVisible() && !isPassive) {
         lastActive_ = active->windowType() == Qt::Popup ? lastActive_.data() : active;
-    } else if (lastActive_ && lastActive_->isVisible()) {
-        QApplication::setActiveWindow(lastActive_);
+    } else if (QWidget* next = lastActive_ && lastActive_->isVisible() ? lastActive_.data() : windowThatIsLeft()) {
+        QApplication::setActiveWindow(next);
     }
 }
 
@@ -101,6 +116,19 @@ void Desk::rest() {
     stuck_.start();
 }
 
+// A key may open the next form above this one, which then has its own turns here until it is closed.
+void Desk::workIn(QWidget& modal) {
+    if (workedIn_ == &modal) {
+        return;
+    }
+    const QPointer<QWidget> below = workedIn_;
+    workedIn_ = &modal;
+    rest();
+    everyModal_(modal);
+    rest();
+    workedIn_ = below;
+}
+
 // A timer of its own for each turn: one that repeats would rest while a form opened from it is up.
 void Desk::watchSoon() {
     QTimer::singleShot(0, &anchor_, [this] { watch(); });
@@ -123,7 +151,9 @@ void Desk::watch() {
     const bool isServed = served_.contains(modal);
     const bool isReady = turns_ >= turnsUntilSettled;
     const bool isStuck = stuck_.hasExpired(stuckAfter);
-    if (isReady && !isServed && !scripts_.empty()) {
+    if (everyModal_ && isReady) {
+        workIn(*modal);
+    } else if (isReady && !isServed && !scripts_.empty()) {
         served_.append(modal);
         rest();
         const auto script = scripts_.front();

@@ -44,6 +44,10 @@ public:
     /// Presses one key in the next modal form.
     void inNextModal(const KeyStroke& stroke);
 
+    /// From now on `work` is run whenever a modal form is up and has come to rest, again and again until it is closed;
+    /// no form is unexpected any more.
+    void inEveryModal(std::function<void(QWidget& form)> work) { everyModal_ = std::move(work); }
+
     /// Object name of the control that has the focus; empty if none has.
     std::string focus() const;
     /// Title of the active window.
@@ -66,10 +70,13 @@ public:
 private:
     void watchSoon();
     void watch();
+    void workIn(QWidget& modal);
     void manageWindows();
     void rest();
 
     std::deque<std::function<void()>> scripts_;
+    std::function<void(QWidget&)> everyModal_;
+    QPointer<QWidget> workedIn_;
     QPointer<QWidget> watched_; ///< the modal form of the last turn
     QList<QPointer<QWidget>> served_;
     QPointer<QWidget> lastActive_;

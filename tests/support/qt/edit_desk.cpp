@@ -16,8 +16,8 @@
 
 #include <gtest/gtest.h>
 
-EditDesk::EditDesk()
-    : Desk({.screen = &link, .commands = &commands, .forms = &formTable}), routines(zormod),
+EditDesk::EditDesk(bool walledIn)
+    : Desk({.screen = &link, .commands = &commands, .forms = &formTable, .walledIn = walledIn}), routines(zormod),
       form(context, edit, box, form1Menus()) {
     link.connectTo(&form);
     formTable.setContext(context);

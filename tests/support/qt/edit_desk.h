@@ -10,16 +10,27 @@
 
 #include <memory>
 
+/// The real command table, which remembers what was run.
+class NotedCommands : public CommandTable {
+public:
+    void run(TextView name) override {
+        ran.emplace_back(name);
+        CommandTable::run(name);
+    }
+    std::vector<Text> ran; ///< in order
+};
+
 /// What the shared state refers to and so must exist before it.
 struct EditDeskParts {
     ScreenLink link;
-    CommandTable commands;
+    NotedCommands commands;
     FormTable formTable;
 };
 
 /// The edit screen, not yet shown and without a table.
 struct EditDesk : EditDeskParts, Desk {
-    EditDesk();
+    /// `walledIn`: no path of the program leads out of the desk's folder.
+    explicit EditDesk(bool walledIn = false);
     ~EditDesk() { formTable.destroyOpenForms(); }
 
     /// Makes a table, opens it as the program does, and shows the window. Forgets what was spoken meanwhile.

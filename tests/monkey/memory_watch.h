@@ -1,0 +1,38 @@
+#pragma once
+// Looks whether the process holds more and more memory, table after table.
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <unistd.h>
+
+/// Memory that the process holds, in bytes.
+inline long residentMemory() {
+    long pages = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}
+
+/// Tells of memory that grows from table to table.
+class MemoryWatch {
+public:
+    /// Called after each table. What is wrong, or nothing.
+    std::optional<std::string> look() {
+        constexpr int tablesToWarmUp = 8;
+        constexpr long allowed = 48L << 20;
+        const long now = residentMemory();
+        if (++tables_ <= tablesToWarmUp) {
+            first_ = std::max(first_, now);
+        } else if (now > first_ + allowed) {
+            return "memory: " + std::to_string(now >> 20) + " MB after " + std::to_string(tables_) + " tables, " +
+                   std::to_string(first_ >> 20) + " MB at first";
+        }
+        return std::nullopt;
+    }
+
+private:
+    int tables_ = 0;
+    long first_ = 0;
+};

@@ -1,0 +1,191 @@
+#include "tests/monkey/monkey_walk.h"
+
+#include "platform/failure.h"
+#include "platform/qt/qt_text.h"
+#include "tests/monkey/key_source.h"
+#include "tests/monkey/memory_watch.h"
+#include "tests/monkey/step_rules.h"
+
+#include <QApplication>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <unistd.h>
+
+namespace {
+
+constexpr int stepsBetweenLooksAtAll = 250;
+constexpr int stepsOnOneTable = 1500;
+constexpr int keysInOneForm = 60; ///< after these the monkey wants to get out
+constexpr int keysToGetOut = 200;
+constexpr TextView makeFolderTitle = u"フォルダの作成";
+constexpr auto keyCount = "monkeyKeys";
+
+/// The folder of a walk on table `number`: two tables, or only the one that isn't opened by itself.
+FolderFiles folderFor(const CodePage& codePage, std::uint64_t number) {
+    FolderFiles files;
+    const RandomTable other = randomTable(codePage, number + 1);
+    files["b.txt"] = other.records;
+    files["Kb.txt"] = other.items;
+    if (number % 8 != 0) {
+        const RandomTable table = randomTable(codePage, number);
+        files["t.txt"] = table.records;
+        files["Kt.txt"] = table.items;
+    }
+    return files;
+}
+
+/// Everything on one folder, through as many runs of the program as its keys end.
+class Walk {
+public:
+    Walk(KeySource& source, FolderFiles files, bool shows = false)
+        : source_(source), files_(std::move(files)), shows_(shows) {}
+
+    void run() {
+        while (!isOver_) {
+            MonkeyDesk desk(files_);
+            desk_ = &desk;
+            desk.inEveryModal([this](QWidget& form) { stepInForm(form); });
+            desk.start();
+            seen_ = look(desk);
+            while (!isOver_ && desk.isRunning()) {
+                step();
+            }
+            if (desk.endStatus.value_or(0) != 0) {
+                tellAndEnd("fatal end");
+            }
+            complain(nothingIsLeftBehind(desk));
+            files_ = desk.folderFiles();
+        }
+    }
+
+private:
+    void complain(const Complaint& complaint) {
+        if (complaint) {
+            std::filesystem::remove_all(desk_->world.folder.path());
+            tellAndEnd(*complaint);
+        }
+    }
+
+    void step() {
+        const auto key = source_.next(desk_->situation());
+        if (!key) {
+            isOver_ = true;
+            complain(pairIsWhole(desk_->world.codePage, seen_));
+            return;
+        }
+        desk_->forget();
+        mayFail_ = false;
+        perform(*key);
+        Seen now = look(*desk_);
+        complain(tableChangedAsItMay(*desk_, seen_, now, *key));
+        if (desk_->isRunning()) {
+            checkAtRest(now, *key);
+        }
+        if (now.taskWord == u"chfln") {
+            now.itemTable = seen_.itemTable; // the widths that are being tried are not those of the file yet
+        }
+        seen_ = std::move(now);
+    }
+
+    void checkAtRest(const Seen& now, const MonkeyKey& key) {
+        complain(keyboardIsHeard());
+        complain(readingsAreMarked(*desk_, key));
+        complain(nothingIsStuck(*desk_, now));
+        complain(positionFits(now));
+        complain(windowShowsTheFile(*desk_, now));
+        if (++steps_ % stepsBetweenLooksAtAll == 0) {
+            complain(pairIsWhole(desk_->world.codePage, now));
+            complain(nothingIsLeftBehind(*desk_));
+        }
+    }
+
+    void perform(const MonkeyKey& key) {
+        if (shows_) {
+            std::cout << desk_->title() << " [" << desk_->focus() << "] <- " << lineOf(key) << std::endl;
+        }
+        desk_->perform(key);
+        if (shows_) {
+            for (const Text& text : desk_->world.clipboard.written) {
+                std::cout << "    " << utf8(text) << std::endl;
+            }
+            const Position& at = desk_->zormod.position;
+            std::cout << "    " << at.curRecord << "/" << at.curItem << " " << utf8(desk_->zormod.taskWord)
+                      << std::endl;
+        }
+    }
+
+    void stepInForm(QWidget& form) {
+        if (form.windowTitle() == toQt(failureTitle) && !mayFail_) {
+            const auto& written = desk_->world.clipboard.written;
+            complain("run-time failure: " + (written.empty() ? std::string() : utf8(written.back())));
+        }
+        if (form.objectName() != QLatin1StringView("frmDOE")) { // one that can't be stopped has nothing to press
+            complain(keyboardIsHeard());
+        }
+        const int keys = form.property(keyCount).toInt();
+        form.setProperty(keyCount, keys + 1);
+        const auto key = keys < keysInOneForm ? source_.next(desk_->situation()) : std::nullopt;
+        // A folder that can't be made is told as a failure.
+        mayFail_ = mayFail_ || form.windowTitle() == toQt(makeFolderTitle);
+        if (key) {
+            perform(*key);
+            complain(readingsAreMarked(*desk_, *key));
+            desk_->world.clipboard.written.clear();
+        } else {
+            getOut(form, keys);
+        }
+    }
+
+    void getOut(QWidget& form, int keys) {
+        static constexpr std::array<Key, 5> waysOut = {Key::escape, Key::enter, Key::tab, Key::enter, Key::space};
+        if (keys > keysInOneForm + keysToGetOut) {
+            complain("a form that can't be left: " + form.objectName().toStdString() + " " +
+                     form.windowTitle().toStdString());
+        }
+        form.setProperty(keyCount, std::max(keys, keysInOneForm) + 1);
+        // By chance, because a question between the form and the way out of it may take several answers.
+        perform({MonkeyKey::Kind::press, plainKey(wayOut_.oneOf(waysOut))});
+    }
+
+    KeySource& source_;
+    FolderFiles files_;
+    MonkeyDesk* desk_ = nullptr;
+    Seen seen_{};
+    Dice wayOut_{1};
+    bool shows_;
+    bool mayFail_ = false; ///< what was done before this key may be told as a failure
+    long steps_ = 0;
+    bool isOver_ = false;
+};
+
+} // namespace
+
+void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) {
+    const CodePage codePage;
+    Dice dice(seed);
+    MemoryWatch memory;
+    while (steps > 0) {
+        const std::uint64_t table = dice.number() >> 16;
+        const int now = static_cast<int>(std::min<long>(steps, stepsOnOneTable));
+        RandomSource source(dice.number(), table, now, traceFile);
+        Walk(source, folderFor(codePage, table)).run();
+        steps -= now;
+        if (const auto wrong = memory.look()) {
+            tellAndEnd(*wrong);
+        }
+    }
+}
+
+void walkAgain(const Trace& trace, bool shows) {
+    TraceSource source(trace.keys);
+    Walk(source, folderFor(CodePage(), trace.table), shows).run();
+}
+
+void tellAndEnd(const std::string& what) {
+    std::cout << "FOUND " << what << std::endl;
+    _exit(foundSomething);
+}

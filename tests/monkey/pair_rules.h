@@ -1,0 +1,14 @@
+#pragma once
+// What must hold of the two files of a table at any time, and of the window on them, whatever was done before.
+
+#include "tests/monkey/row_rules.h"
+
+/// The data file has whole records, and the position lies in the table.
+Complaint positionFits(const Seen& now);
+/// Each row of the window but the current one shows its record as it lies in the file.
+Complaint windowShowsTheFile(MonkeyDesk& desk, const Seen& now);
+/// The K file says the items that the program works with, they fit into a record, and each record reads and writes back
+/// to itself.
+Complaint pairIsWhole(const CodePage& codePage, const Seen& now);
+/// The work of no operation lies about in the folder.
+Complaint nothingIsLeftBehind(MonkeyDesk& desk);
