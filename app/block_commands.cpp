@@ -2,6 +2,7 @@
 
 #include "app/command_frame.h"
 #include "edit/movement.h"
+#include "edit/status_update.h"
 #include "structure/block_operations.h"
 #include "structure/range_questions.h"
 
@@ -12,6 +13,7 @@ void mnuZDEL(EditScreen& edit) {
     const Selection range = zormod.selection;
     if (range.selectionKind == 0) {
         tellMissingRange(zormod, MissingRange::blockToClear);
+        giveInputBoxFocus(edit);
         return;
     }
     beginTask(edit, {});

@@ -2,6 +2,7 @@
 
 #include "app/command_frame.h"
 #include "edit/movement.h"
+#include "edit/status_update.h"
 #include "platform/beeper.h"
 #include "platform/dialogs.h"
 #include "structure/item_operations.h"
@@ -33,6 +34,7 @@ void mnuINSITEM(EditScreen& edit) {
     const Selection range = zormod.selection;
     if (range.selectionKind != itemKind) {
         tellMissingRange(zormod, MissingRange::itemsToInsert);
+        giveInputBoxFocus(edit);
         return;
     }
     beginTask(edit, u"insitem");
@@ -47,6 +49,7 @@ void mnuKILLITEM(EditScreen& edit) {
     const Selection range = zormod.selection;
     if (range.selectionKind != itemKind) {
         tellMissingRange(zormod, MissingRange::items);
+        giveInputBoxFocus(edit);
         return;
     }
     beginTask(edit, u"killitem");

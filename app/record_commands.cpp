@@ -88,6 +88,7 @@ void menuRKILL(EditScreen& edit) {
     const Selection range = zormod.selection;
     if (range.selectionKind != recordKind) {
         tellMissingRange(zormod, MissingRange::records);
+        giveInputBoxFocus(edit);
         return;
     }
     beginTask(edit, deleteTask);

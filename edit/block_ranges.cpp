@@ -34,8 +34,8 @@ bool fills(Text& box, bool& filled, const Text& whole) {
 }
 
 /// True, and told, if the list is faulty.
-bool isFaulty(ZORMOD& zormod, Text list, RangeKind kind, TextView title) {
-    const std::int64_t highest = kind == RangeKind::records ? recordCount(zormod) : zormod.items.itemCount;
+bool isFaulty(ZORMOD& zormod, Text list, RangeListKind kind, TextView title) {
+    const std::int64_t highest = kind == RangeListKind::records ? recordCount(zormod) : zormod.items.itemCount;
     const Text fault = checkRangeList(list, kind, highest);
     if (!fault.empty()) {
         zormod.platform.dialogs.showMessage(fault, Text(title));
@@ -63,7 +63,7 @@ BlockRanges::Outcome BlockRanges::carryOut() {
         zormod_.platform.beeper.beep();
         return Outcome::filledIn;
     }
-    if (isFaulty(zormod_, records, RangeKind::records, u"記録ﾌﾞﾛｯｸ指定のあやまり")) {
+    if (isFaulty(zormod_, records, RangeListKind::records, u"記録ﾌﾞﾛｯｸ指定のあやまり")) {
         return Outcome::faultInRecords;
     }
     items = trimmed(items);
@@ -71,7 +71,7 @@ BlockRanges::Outcome BlockRanges::carryOut() {
         zormod_.platform.beeper.beep();
         return Outcome::filledIn;
     }
-    if (isFaulty(zormod_, items, RangeKind::items, u"項目ﾌﾞﾛｯｸ指定のあやまり")) {
+    if (isFaulty(zormod_, items, RangeListKind::items, u"項目ﾌﾞﾛｯｸ指定のあやまり")) {
         return Outcome::faultInItems;
     }
     zormod_.results.answers[0] = records.empty() && !isTrend() ? wholeRecords() : records;

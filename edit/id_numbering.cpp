@@ -27,6 +27,7 @@ void mnuIDAUTO(EditScreen& edit) {
     }
     if (zormod.items.itemCount == 0) {
         zormod.platform.dialogs.showMessage(u"項目区切り数０の場合は、この機能は使えません", u"注意");
+        giveInputBoxFocus(edit);
         return;
     }
     if (zormod.input.idAutoOn != 0) {
@@ -36,6 +37,7 @@ void mnuIDAUTO(EditScreen& edit) {
     const Text answer =
         askTrimmed(zormod, u"ＩＤ項目は自動更新されます。初期値を入れて下さい。", u"ID番号の初期値", u"1");
     if (answer.empty()) {
+        giveInputBoxFocus(edit);
         return;
     }
     zormod.input.idAutoValue = roundToSingle(Val(answer));
@@ -43,4 +45,5 @@ void mnuIDAUTO(EditScreen& edit) {
     applyIdAuto(edit);
     zormod.platform.screen.redrawCurrentRow();
     setPanelText(edit, PanelField::Label13, getCell(zormod, 0).append(idAutoMark));
+    giveInputBoxFocus(edit);
 }

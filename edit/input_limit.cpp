@@ -27,6 +27,7 @@ void mnuLIMIT(EditScreen& edit) {
         if (zormod.platform.dialogs.askOkCancel(u"入力文字数を項目幅とします", {}) == Answer::ok) {
             putInForce(edit, 0);
         }
+        giveInputBoxFocus(edit);
         return;
     }
     const auto limit = askNumberWithin(
@@ -40,4 +41,5 @@ void mnuLIMIT(EditScreen& edit) {
     if (limit) {
         putInForce(edit, *limit);
     }
+    giveInputBoxFocus(edit);
 }

@@ -44,6 +44,8 @@ void mnuSPITEM(EditScreen& edit) {
                                  .highest = zormod.items.itemCount});
     if (item) {
         pin(edit, *item);
+    } else {
+        giveInputBoxFocus(edit);
     }
 }
 

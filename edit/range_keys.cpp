@@ -85,9 +85,13 @@ bool startsRange(EditScreen& edit, const KeyStroke& stroke) {
     }
     if (zormod.display.viewMode == cardView) {
         zormod.platform.dialogs.showMessage(u"個別記録表示中は範囲の指定は出来ません", u"注意");
+        giveInputBoxFocus(edit);
         return true;
     }
+    // The cursor leaves the cell: what is typed belongs to it, not to the cell at the range's end.
+    commitTypedText(edit);
     commitRecord(zormod);
+    clearInputBox(edit);
     zormod.platform.commands.run(key->command);
     return true;
 }

@@ -6,7 +6,7 @@
 #include "platform/keys.h"
 
 /// The commands that begin a range. When they run, the current record lies in the file, the view is not the cards, and
-/// the current row is safely on the disk.
+/// the current row is safely on the disk, typed text in it.
 inline constexpr TextView startBlockRangeCommand = u"startBlockRange";
 inline constexpr TextView startRecordRangeCommand = u"startRecordRange";
 inline constexpr TextView startItemRangeCommand = u"startItemRange";

@@ -65,8 +65,8 @@ Text faultInWriting(const Text& text) {
 }
 
 /// What is wrong with the ends of a block; empty if nothing is.
-Text faultInBlock(const RangeBlock& block, RangeKind kind, std::int64_t highest) {
-    const bool isRecords = kind == RangeKind::records;
+Text faultInBlock(const RangeBlock& block, RangeListKind kind, std::int64_t highest) {
+    const bool isRecords = kind == RangeListKind::records;
     if (block.last > highest) {
         return isRecords ? u"レコード番号がオーバ" : u"指定値が最大項目番号をオーバ";
     }
@@ -90,7 +90,7 @@ std::optional<RangeBlock> nextRangeBlock(Text& text) {
     return block;
 }
 
-Text checkRangeList(Text& text, RangeKind kind, std::int64_t highest) {
+Text checkRangeList(Text& text, RangeListKind kind, std::int64_t highest) {
     if (text.empty() || text.back() != u'/') {
         text += u'/';
     }

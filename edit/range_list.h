@@ -12,7 +12,7 @@
 #include <optional>
 
 /// What the numbers of a list count; the values are the ones callers have always passed.
-enum class RangeKind { records = 1, items = 2 };
+enum class RangeListKind { records = 1, items = 2 };
 
 /// A block: its smaller end first, both included. A number of any length has its value here, as far as 15 digits go;
 /// what is longer counts as larger than any record.
@@ -30,4 +30,4 @@ std::optional<RangeBlock> nextRangeBlock(Text& text);
 /// Checks a list against `highest`, the number of records or the highest item. Empty if all is well, else what is
 /// wrong, for the user; the first fault counts. Uses `text` up: callers keep their own copy. A list without any block
 /// is valid.
-Text checkRangeList(Text& text, RangeKind kind, std::int64_t highest);
+Text checkRangeList(Text& text, RangeListKind kind, std::int64_t highest);

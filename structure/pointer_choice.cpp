@@ -104,6 +104,7 @@ bool PointerChoice::hasRange(std::int16_t kind, MissingRange missing) {
     }
     if (zormod_.selection.selectionKind != kind) {
         tellMissingRange(zormod_, missing);
+        giveInputBoxFocus(edit_);
         return false;
     }
     putTypedTextAway();

@@ -63,7 +63,9 @@ TEST(BlockCommands, ANoClearsNothing) {
 TEST(BlockCommands, WithoutARangeTheUserIsToldToChooseOne) {
     BlockCommandWorld world;
     world.dialogs.expectedMessages = 1;
+    world.screen.focusCalls = 0;
     world.table.run(u"mnuZDEL");
+    EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
     ASSERT_EQ(world.dialogs.messages.size(), 1U);
     EXPECT_EQ(utf8(world.dialogs.messages[0].title), "消去範囲の先指定");
     EXPECT_EQ(utf8(world.dialogs.messages[0].text), "Alt+矢印またはshift+矢印で消去範囲を指定した上で、本ﾒﾆｭｰを選択して下さい");

@@ -74,6 +74,7 @@ TEST(ItemCommands, WithoutARangeOfItemsTheUserIsToldToChooseOne) {
     for (const std::int16_t kind : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}}) {
         ItemCommandWorld world;
         world.select(kind, 1, 1);
+        world.screen.focusCalls = 0;
         world.dialogs.expectedMessages = 2;
         world.table.run(u"mnuINSITEM");
         world.table.run(u"mnuKILLITEM");
@@ -81,6 +82,7 @@ TEST(ItemCommands, WithoutARangeOfItemsTheUserIsToldToChooseOne) {
         EXPECT_EQ(utf8(world.dialogs.messages[0].title), "項目挿入範囲の指定");
         EXPECT_EQ(utf8(world.dialogs.messages[0].text), "Alt+←→で項目挿入範囲を指定した上で、本ﾒﾆｭｰを選択して下さい");
         EXPECT_EQ(utf8(world.dialogs.messages[1].title), "項目範囲の先指定");
+        EXPECT_EQ(world.screen.focusCalls, 2) << "the input box says that it is back";
         world.expectUntouched();
     }
 }

@@ -200,8 +200,10 @@ TEST(RecordCommands, WithoutARangeOfRecordsTheUserIsToldToSelectOne) {
         RecordCommandWorld world;
         world.selectRecords(1, 4);
         world.zormod.selection.selectionKind = kind;
+        world.screen.focusCalls = 0;
         world.dialogs.expectedMessages = 1;
         world.table.run(u"menuRKILL");
+        EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
         EXPECT_EQ(utf8(world.dialogs.messages.at(0).title), "記録範囲の先指定");
         EXPECT_EQ(world.names(), "n1 n2 n3 n4");
     }

@@ -42,6 +42,15 @@ TEST(IdNumbering, AsksForTheFirstNumberAndWritesItIntoTheRow) {
     EXPECT_EQ(world.screen.rowRedraws, 1);
 }
 
+TEST(IdNumbering, BehindItsQuestionTheUserHearsThatTheInputBoxIsBack) {
+    for (const TextView answer : {u"12", u""}) {
+        NumberWorld world;
+        world.show(1);
+        world.start(answer);
+        EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
+    }
+}
+
 TEST(IdNumbering, TheNumberIsAlignedAsTheItemIs) {
     NumberWorld world(u"R");
     world.start(u" １２ ");
@@ -141,6 +150,7 @@ TEST(IdNumbering, ATableWithoutItemsCannotHaveIt) {
     EXPECT_EQ(utf8(world.dialogs.messages.at(0).text), "項目区切り数０の場合は、この機能は使えません");
     EXPECT_EQ(utf8(world.dialogs.messages.at(0).title), "注意");
     EXPECT_EQ(world.zormod.input.idAutoOn, 0);
+    EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
 }
 
 TEST(IdNumbering, WithoutATableItBeeps) {

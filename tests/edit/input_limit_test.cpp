@@ -94,6 +94,18 @@ TEST(InputLimit, TakesTheCellAsSoonAsItIsReached) {
     EXPECT_EQ(world.cell(1), "abcd      ");
 }
 
+TEST(InputLimit, BehindEachQuestionTheUserHearsThatTheInputBoxIsBack) {
+    for (const auto& [before, answer] : {std::pair(u"", u"4"), std::pair(u"", u""), std::pair(u"4", u"")}) {
+        LimitWorld world;
+        world.ask({before});
+        world.zormod.speech.speechMode = 1;
+        world.forget();
+        world.dialogs.answers = {Answer::cancel};
+        world.ask({answer});
+        EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
+    }
+}
+
 TEST(InputLimit, WithoutATableItBeeps) {
     EditWorld world;
     mnuLIMIT(world.edit);

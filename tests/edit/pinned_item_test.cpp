@@ -69,10 +69,12 @@ TEST(PinnedItem, AnItemThatIsNotThereBeepsAndIsAskedForAgain) {
 
 TEST(PinnedItem, AnEmptyAnswerEndsTheAsking) {
     PinWorld world;
+    world.forget();
     world.ask({u"3", u""});
     EXPECT_EQ(world.beeper.count, 1);
     EXPECT_EQ(world.pinned(), -1);
     EXPECT_FALSE(world.isShown());
+    EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
 }
 
 TEST(PinnedItem, TheMenuUnpinsWithoutAsking) {

@@ -43,6 +43,18 @@ TEST(RangeKeys, TheRowIsOnTheDiskBeforeARangeBegins) {
     EXPECT_EQ(world.onDisk(2), "    new          ");
 }
 
+TEST(RangeKeys, WhatIsTypedGoesIntoItsOwnCellBeforeARangeBegins) {
+    for (const KeyStroke& stroke : {shiftKey(Key::down), altKey(Key::down), altKey(Key::right)}) {
+        EditWorld world;
+        world.numbered(3);
+        world.stand(2, 1);
+        world.type(u"new");
+        world.down(stroke);
+        EXPECT_EQ(world.onDisk(2), "    new          ");
+        EXPECT_EQ(world.typed(), "") << "nothing is left over for the cell at the other end";
+    }
+}
+
 TEST(RangeKeys, BehindTheEndOfTheFileARangeBeeps) {
     EditWorld world;
     world.numbered(3);
@@ -63,6 +75,7 @@ TEST(RangeKeys, TheCardViewRefusesARange) {
     EXPECT_EQ(utf8(world.dialogs.messages[0].text), "個別記録表示中は範囲の指定は出来ません");
     EXPECT_EQ(utf8(world.dialogs.messages[0].title), "注意");
     EXPECT_EQ(world.commandsRun(), Spoken());
+    EXPECT_EQ(world.screen.focusCalls, 1) << "who can't see hears where the message has left them";
 }
 
 TEST(RangeKeys, WithoutATableARangeBeeps) {

@@ -33,10 +33,10 @@ std::vector<Ends> blocks(Text text) {
 }
 
 std::string records(Text text, std::int64_t count = 100) {
-    return utf8(checkRangeList(text, RangeKind::records, count));
+    return utf8(checkRangeList(text, RangeListKind::records, count));
 }
 std::string items(Text text, std::int64_t highest = 20) {
-    return utf8(checkRangeList(text, RangeKind::items, highest));
+    return utf8(checkRangeList(text, RangeListKind::items, highest));
 }
 
 /// The notation once more, by cutting the whole list at its slashes instead of walking it: for lists so short that no
@@ -182,7 +182,7 @@ TEST(RangeList, NumbersOfAnyLengthAreOver) {
 
 TEST(RangeList, TheCheckUsesTheTextUp) {
     Text text = u"1/2/3";
-    EXPECT_TRUE(checkRangeList(text, RangeKind::records, 100).empty());
+    EXPECT_TRUE(checkRangeList(text, RangeListKind::records, 100).empty());
     EXPECT_TRUE(text.empty());
 }
 

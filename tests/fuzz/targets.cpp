@@ -174,7 +174,7 @@ void readClipBackup(BytesView bytes) { paste(bytes, "ZORCLip.bak", undoPaste); }
 void readRangeList(BytesView bytes) {
     Text text = codePage().decode(bytes);
     Text checked = text;
-    const bool isValid = checkRangeList(checked, RangeKind::records, 1000).empty();
+    const bool isValid = checkRangeList(checked, RangeListKind::records, 1000).empty();
     while (const auto block = nextRangeBlock(text)) {
         mustHold(block->first <= block->last);
         mustHold(!isValid || (block->first >= 1 && block->last <= 1000));

@@ -190,8 +190,10 @@ TEST(PointerChoice, MenuEntriesWithoutTheirRangeSayWhichIsWanted) {
             }
             world.select(kind, 1, 2, 1, 2);
             world.dialogs.expectedMessages = 1;
+            world.screen.focusCalls = 0;
             world.run(command);
             EXPECT_EQ(world.message(), std::pair(text, title)) << kind;
+            EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
             EXPECT_EQ(world.task(), "");
             EXPECT_EQ(world.zormod.selection.selectionKind, kind);
         }
