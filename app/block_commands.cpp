@@ -26,9 +26,5 @@ void mnuZDEL(EditScreen& edit) {
 } // namespace
 
 void bindBlockCommands(CommandTable& commands, EditScreen& edit) {
-    commands.bind(u"mnuZDEL", [&edit] {
-        if (!beepsWithoutTable(edit.zormod)) {
-            mnuZDEL(edit);
-        }
-    });
+    bindWithTable(commands, edit, u"mnuZDEL", mnuZDEL);
 }

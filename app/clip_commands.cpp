@@ -18,11 +18,7 @@ void withTheRowOnDisk(EditScreen& edit, void (*routine)(ZORMOD&)) {
 
 void bindClipCommands(CommandTable& commands, EditScreen& edit) {
     const auto bind = [&](TextView name, void (*routine)(ZORMOD&)) {
-        commands.bind(name, [&edit, routine] {
-            if (!beepsWithoutTable(edit.zormod)) {
-                withTheRowOnDisk(edit, routine);
-            }
-        });
+        bindWithTable(commands, edit, name, [routine](EditScreen& screen) { withTheRowOnDisk(screen, routine); });
     };
     bind(u"mnuCLIP", [](ZORMOD& zormod) { makeClip(zormod); });
     bind(u"mnuPAST", pasteOver);

@@ -5,6 +5,16 @@
 #include "edit/status_update.h"
 #include "sheet/record_window.h"
 
+#include <utility>
+
+void bindWithTable(CommandTable& commands, EditScreen& edit, TextView name, std::function<void(EditScreen&)> routine) {
+    commands.bind(name, [&edit, routine = std::move(routine)] {
+        if (!beepsWithoutTable(edit.zormod)) {
+            routine(edit);
+        }
+    });
+}
+
 void leaveTyping(EditScreen& edit) {
     commitTypedText(edit);
     commitRecord(edit.zormod);

@@ -63,13 +63,6 @@ void mnuKILLITEM(EditScreen& edit) {
 } // namespace
 
 void bindItemCommands(CommandTable& commands, EditScreen& edit) {
-    const auto bind = [&](TextView name, void (*routine)(EditScreen&)) {
-        commands.bind(name, [&edit, routine] {
-            if (!beepsWithoutTable(edit.zormod)) {
-                routine(edit);
-            }
-        });
-    };
-    bind(u"mnuINSITEM", mnuINSITEM);
-    bind(u"mnuKILLITEM", mnuKILLITEM);
+    bindWithTable(commands, edit, u"mnuINSITEM", mnuINSITEM);
+    bindWithTable(commands, edit, u"mnuKILLITEM", mnuKILLITEM);
 }

@@ -107,13 +107,7 @@ void shiftCells(EditScreen& edit, void (*shift)(ZORMOD&)) {
 } // namespace
 
 void bindRecordCommands(CommandTable& commands, EditScreen& edit) {
-    const auto bind = [&](TextView name, void (*routine)(EditScreen&)) {
-        commands.bind(name, [&edit, routine] {
-            if (!beepsWithoutTable(edit.zormod)) {
-                routine(edit);
-            }
-        });
-    };
+    const auto bind = [&](TextView name, void (*routine)(EditScreen&)) { bindWithTable(commands, edit, name, routine); };
     bind(u"mnuINSREC1", mnuINSREC1);
     bind(u"mnuINSRECM", mnuINSRECM);
     bind(insertRangeRecordsCommand, insertRangeRecords);

@@ -1,12 +1,18 @@
 #include "voice/progress.h"
 
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "sheet/record_window.h"
 #include "voice/speech_channel.h"
 
 namespace {
 
-constexpr TextView stoppedText = u"作業中止";
+/// The focus that comes back when the form goes would take the sentence's place at once: the throttle holds it off, or
+/// a user could not tell a stopped work from a finished one.
+void sayStopped(ZORMOD& zormod) {
+    sayText(zormod, u"作業中止");
+    zormod.speech.lastSpokenTime = zormod.platform.clock.secondsSinceMidnight();
+}
 
 } // namespace
 
@@ -37,9 +43,9 @@ void stopWork(ZORMOD& zormod) {
         refreshAfterBulk(zormod, task == u"PRINT" ? 1 : 0);
     } else if (task == u"CVZORF") {
         dialogs.closeProgress();
-        sayText(zormod, Text(stoppedText));
+        sayStopped(zormod);
     } else {
-        sayText(zormod, Text(stoppedText));
+        sayStopped(zormod);
         dialogs.closeProgress();
     }
 }

@@ -146,6 +146,7 @@ TEST(frmTin, TakesALineOfText) {
         EXPECT_EQ(desk.title(), "フォルダの作成");
         EXPECT_EQ(desk.focus(), "Text1");
         expectNamed(desk, {u"Label1", u"Text1", u"Command1", u"Command2"});
+        desk.keys.press(plainKey(Key::end));
         desk.keys.type(u"b");
         desk.keys.press(plainKey(Key::enter));
     });
@@ -153,6 +154,17 @@ TEST(frmTin, TakesALineOfText) {
         answer = desk.zormod.platform.dialogs.askText(u"フォルダ名を入力してください", u"フォルダの作成", u"a");
     });
     EXPECT_EQ(answer, u"ab");
+}
+
+TEST(frmTin, WhatIsTypedTakesThePlaceOfTheProposedAnswerWhichEnterTakes) {
+    for (const auto& [typed, expected] : {std::pair(u"2", u"2"), std::pair(u"", u"1")}) {
+        MessageDesk desk;
+        desk.inNextModal([&] {
+            desk.keys.type(typed);
+            desk.keys.press(plainKey(Key::enter));
+        });
+        desk.asking([&] { EXPECT_EQ(desk.zormod.platform.dialogs.askText(u"p", u"t", u"1"), expected); });
+    }
 }
 
 TEST(frmTin, TypingAndTheBoxKeysSpeak) {

@@ -70,7 +70,7 @@ struct TestWorld {
     FakeClock clock;
     FakeBeeper beeper;
     PosixFiles files;
-    CodePage codePage;
+    const CodePage& codePage; ///< one for all worlds: its tables take longer to fill than most tests to run
     ScriptedDialogs dialogs;
     FakeScreen screen;
     FakeCommands commands;

@@ -1,5 +1,6 @@
 #include "voice/progress.h"
 #include "support/test_world.h"
+#include "voice/speech_channel.h"
 
 #include <gmock/gmock.h>
 
@@ -44,6 +45,7 @@ TEST(Progress, TheStopSetsTheFlagSaysSoAndClosesTheForm) {
         world.zormod.taskWord = task;
         stopWork(world.zormod);
         EXPECT_EQ(std::get<double>(world.zormod.results.answers[0]), 1.0);
+        EXPECT_FALSE(throttlePasses(world.zormod)) << "what the focus says as it comes back would take its place";
         EXPECT_THAT(world.takeSpoken(), ElementsAre("作業中止"));
         EXPECT_FALSE(world.dialogs.progressOpen);
         EXPECT_EQ(world.zormod.taskWord, task) << "the loop still needs it";

@@ -44,6 +44,9 @@ frmTin::frmTin(const FormContext& context, const Text& prompt, const Text& title
     });
     ok->onClick([this] { accept(); });
     cancel->onClick([this] { reject(); });
+    // What is typed takes the place of the answer that is proposed, which is not read out: a number typed behind it would
+    // become another number.
+    box_->selectAll();
     box_->setFocus();
 }
 
