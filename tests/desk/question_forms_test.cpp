@@ -218,6 +218,7 @@ TEST(frmTin, PastesTheUsersTextAndNotTheLastWords) {
 TEST(frmTin, RemembersWhatWasCopiedInIt) {
     MessageDesk desk;
     desk.inNextModal([&] {
+        desk.keys.press(plainKey(Key::end));
         desk.keys.press(shiftKey(Key::left));
         desk.keys.press(ctrlKey(Key::insert));
         EXPECT_EQ(desk.zormod.speech.userClipboard, u"c");
