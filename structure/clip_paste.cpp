@@ -30,6 +30,10 @@ ClipHead readHead(ClipSource& clip) {
     clip.skip(head.records);
     head.items = clip.number();
     clip.skip(head.items);
+    // A range has one of each at least: this is no clip file, or one that was cut short in its head.
+    if (head.records < 1 || head.items < 1) {
+        throw RuntimeFailure{FailureKind::file};
+    }
     return head;
 }
 

@@ -366,8 +366,7 @@ TEST(ClipPaste, AClipCutShortAnywhereChangesNothing) {
             world.writeFile("ZORCLip", whole.substr(0, length));
             try {
                 paste(world.zormod);
-                // Cut inside the numbers it may be a smaller clip by chance, but never one that leaves rows half done.
-                EXPECT_TRUE(world.bytesOf("t.txt").size() % 256 == 0) << length;
+                ADD_FAILURE() << length;
             } catch (const RuntimeFailure& failure) {
                 EXPECT_EQ(failure.kind, FailureKind::file) << length;
                 EXPECT_EQ(world.bytesOf("t.txt"), before) << length;
