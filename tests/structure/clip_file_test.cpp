@@ -1,6 +1,11 @@
 #include "structure/clip_file.h"
 
+#include "structure/clip_paste.h"
 #include "structure/record_world.h"
+#include "support/forked_child.h"
+
+#include <sys/resource.h>
+#include <sys/wait.h>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -30,6 +35,13 @@ std::string modelClip(const ItemTable& items, const Rows& rows, std::int32_t rec
         }
     }
     return clip;
+}
+
+/// The most memory that this process has used, in bytes.
+std::size_t mostMemory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
 }
 
 } // namespace
@@ -159,4 +171,27 @@ TEST(ClipFile, TheTableStaysOpenAsItWas) {
     world.select(2, 1, 4, 0, 2);
     EXPECT_TRUE(makeClip(world.zormod));
     EXPECT_EQ(world.zormod.files.byNumber[1].get(), table);
+}
+
+TEST(ClipFile, TwoHundredThousandCellsTakeTheMemoryOfTheirTextAlone) {
+    constexpr std::int32_t records = 66667;
+    RecordWorld world;
+    world.numbered(records);
+    // A process of its own, whose highest use of memory begins with what is in use now.
+    ForkedChild child([&](const ChildSide&) {
+        const std::size_t before = mostMemory();
+        world.select(1, 1, records, 0, 2);
+        if (!makeClip(world.zormod)) {
+            return false;
+        }
+        // The text as it is made, and the clipboard's two copies of it.
+        const std::size_t text = world.clipboard.contents.size() * sizeof(char16_t);
+        const std::size_t clipped = mostMemory();
+        world.stand(1, 0);
+        pasteOver(world.zormod);
+        constexpr std::size_t blocks = 8u << 20;
+        return text > 1000000 && clipped < before + 4 * text + blocks && mostMemory() < clipped + blocks;
+    });
+    const int status = child.end();
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 }
