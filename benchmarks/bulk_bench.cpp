@@ -21,11 +21,6 @@ constexpr std::int64_t records = 1000000;
 constexpr int rounds = 9;
 constexpr std::size_t blockLength = 1 << 20;
 
-[[noreturn]] void giveUp(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
 /// Gives a turn at the times at which the real event loop does.
 class TimedEventLoop : public EventLoop {
 public:

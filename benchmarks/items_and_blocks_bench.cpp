@@ -28,11 +28,6 @@ constexpr std::int32_t clearedRecords = 100000;
 constexpr int rounds = 5;
 constexpr std::size_t blockLength = 1 << 20;
 
-[[noreturn]] void giveUp(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
 /// Copies the first `length` bytes of the table.
 void bareCopy(const std::string& folder, std::size_t length) {
     const int from = ::open((folder + "/t.txt").c_str(), O_RDONLY | O_CLOEXEC);

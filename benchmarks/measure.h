@@ -4,8 +4,15 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
+
+/// Ends the program: what is to be measured could not be done. Says what failed, and why by the system's last error.
+[[noreturn]] inline void giveUp(const char* what) {
+    std::perror(what);
+    std::exit(2);
+}
 
 /// Microseconds that one call of `work` takes.
 template <typename Work> double microseconds(Work&& work) {

@@ -27,11 +27,6 @@ namespace {
 constexpr std::int64_t records = 1000000;
 constexpr int rounds = 7;
 
-[[noreturn]] void giveUp(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
 /// Counts how often the form was really painted.
 class PaintCount : public QObject {
 public:

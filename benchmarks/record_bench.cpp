@@ -29,11 +29,6 @@ constexpr std::int32_t middle = 500000;
 constexpr int rounds = 7;
 constexpr std::size_t blockLength = 1 << 20;
 
-[[noreturn]] void giveUp(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
 /// Presses the stop button at a chosen turn and takes the time of it.
 class StoppingEventLoop : public EventLoop {
 public:

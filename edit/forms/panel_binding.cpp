@@ -41,7 +41,8 @@ PanelBinding::PanelBinding(Panel& panel, SpokenForm& form, EditScreen& edit, Inp
 void PanelBinding::takeIn(PanelField field, QAnyStringView name, ControlVoice voice) {
     voice.label = sideBoxLabel(field);
     voice.ownKeyUps = true;
-    voice.ownTyping = true;
+    // The change rules of these three say what is typed; in the others it is said as in any box.
+    voice.ownTyping = field == PanelField::txtinputbox || field == PanelField::txtREC || field == PanelField::txtItemnum;
     voice.onFocus = [this, rule = std::move(voice.onFocus)] {
         if (!moving_) {
             rule();

@@ -192,3 +192,20 @@ TEST(EditStory, ATableWithoutItemsHasItsIdAlone) {
     EXPECT_EQ(desk.text("Text1"), "0");
     EXPECT_THAT(desk.spokenBy(plainKey(Key::right)), ElementsAre("two ､"));
 }
+
+TEST(EditStory, WhatIsTypedInTheMemoAndTheAlignmentIsHeard) {
+    for (const char* name : {"RichTextBox2", "txtLR"}) {
+        EditDesk desk;
+        desk.openTable({{u"ID", u"L", 3}, {u"氏名", u"L", 10}}, {{u"1", u"山田"}});
+        desk.zormod.speech.speechMode = 1;
+        for (int i = 0; i < 8 && desk.focus() != name; ++i) {
+            desk.key(plainKey(Key::tab));
+        }
+        ASSERT_EQ(desk.focus(), name);
+        desk.spoken();
+        desk.world.later();
+        desk.keys.type(u"r");
+        desk.settle();
+        EXPECT_EQ(desk.spoken(), std::vector<std::string>{"ｱｰﾙ"}) << name;
+    }
+}
