@@ -29,13 +29,16 @@ public:
 
 /// A file open for one run over many records. Reads come from blocks read ahead and see what was written before;
 /// writes go behind in blocks that are pushed to the disk little by little, so that the wait at the end is short. What
-/// writeDurably promises holds once finish has returned: until then any part of what was written may be missing, and
-/// after a failure what the file holds is undefined.
+/// writeDurably promises holds once finish has returned: until then any part of what was written may be missing, even
+/// the name of a new file, and after a failure what the file holds is undefined.
 class BulkFile : public RandomFile {
 public:
     /// Writes out what is still held back and returns when everything is safely on the disk. Fails if the path no
     /// longer names this very file.
     virtual void finish() = 0;
+    /// Writes out what is still held back, without waiting for the disk: for a file that Files::moveIntoPlace is to make
+    /// safe. Fails if the path no longer names this very file.
+    virtual void handOver() = 0;
 };
 
 /// The claim of this program on a table; other running copies can't open the table while it is held. Released by its

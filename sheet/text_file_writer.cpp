@@ -77,7 +77,7 @@ void TextFileWriter::writeOut() {
 
 void TextFileWriter::putInPlace() {
     writeOut();
-    file_->finish();
+    file_->handOver();
     closeFile(zormod_, fileNo_);
     zormod_.platform.files.moveIntoPlace(newPath(), path_);
     file_ = nullptr;

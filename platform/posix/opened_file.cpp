@@ -25,9 +25,13 @@ OpenedFile::OpenedFile(std::string path) : path_(std::move(path)) {
     if (!file_.isOpen() || !S_ISREG(statusOf(file_).st_mode)) {
         failFile();
     }
-    if (!before) {
-        // A new name must outlast a crash as the records behind it do.
+    isNameNew_ = !before;
+}
+
+void OpenedFile::syncName() {
+    if (isNameNew_) {
         syncFolder(openParentOf(withoutLinks(path_)));
+        isNameNew_ = false;
     }
 }
 

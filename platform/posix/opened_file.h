@@ -10,7 +10,8 @@
 class OpenedFile {
 public:
     /// Opens the file at the native `path`, makes it if need be, and opens it for reading only if it may not be
-    /// written. Throws RuntimeFailure of kind file on failure, and for a folder or a device.
+    /// written. A name that it gets only now lasts once syncName has returned. Throws RuntimeFailure of kind file on
+    /// failure, and for a folder or a device.
     explicit OpenedFile(std::string path);
 
     const Descriptor& descriptor() const { return file_; }
@@ -20,11 +21,14 @@ public:
     void mustBeWritable() const;
     /// Throws unless the path still names this very file.
     void mustBeNamed() const;
+    /// Makes the name durable, if opening made it. Throws on failure.
+    void syncName();
     /// Makes what was written durable. Throws on failure.
     void sync() const;
 
 private:
     std::string path_;
     bool isWritable_ = true;
+    bool isNameNew_ = false; ///< made by us and not yet known to be on the disk
     Descriptor file_;
 };

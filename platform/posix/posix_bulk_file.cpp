@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
+#include <utility>
 
 namespace {
 
@@ -37,15 +38,10 @@ void PosixBulkFile::readAhead(std::int64_t offset, std::size_t count) {
     const bool runsBackwards = !ahead_.empty() && offset < aheadFrom_;
     const std::int64_t end = offset + static_cast<std::int64_t>(count);
     aheadFrom_ = runsBackwards ? std::max<std::int64_t>(0, end - static_cast<std::int64_t>(wanted)) : offset;
-    ahead_.resize(wanted);
-    std::size_t came = 0;
-    try {
-        came = readFully(file_.descriptor(), aheadFrom_, ahead_.data(), wanted);
-    } catch (...) {
-        ahead_.clear();
-        throw;
-    }
-    ahead_.resize(came);
+    Bytes block = std::exchange(ahead_, {}); // after a failed read nothing has been read ahead
+    block.resize(wanted);
+    block.resize(readFully(file_.descriptor(), aheadFrom_, block.data(), wanted));
+    ahead_ = std::move(block);
 }
 
 void PosixBulkFile::writeDurably(std::int64_t offset, BytesView bytes) {
@@ -97,9 +93,14 @@ void PosixBulkFile::push() {
 }
 
 void PosixBulkFile::finish() {
-    writeOut();
-    file_.mustBeNamed();
+    handOver();
     if (isChanged_) {
         file_.sync();
     }
+    file_.syncName();
+}
+
+void PosixBulkFile::handOver() {
+    writeOut();
+    file_.mustBeNamed();
 }

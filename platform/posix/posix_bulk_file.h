@@ -16,6 +16,7 @@ public:
     std::size_t readAt(std::int64_t offset, char* into, std::size_t count) override;
     void writeDurably(std::int64_t offset, BytesView bytes) override;
     void finish() override;
+    void handOver() override;
 
 private:
     std::int64_t heldEnd() const { return heldFrom_ + static_cast<std::int64_t>(held_.size()); }

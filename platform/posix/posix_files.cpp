@@ -1,6 +1,7 @@
 #include "platform/posix/posix_files.h"
 
 #include "platform/failure.h"
+#include "platform/posix/background_close.h"
 #include "platform/posix/folder_listing.h"
 #include "platform/posix/folders.h"
 #include "platform/posix/hidden_files.h"
@@ -9,12 +10,20 @@
 #include "platform/posix/posix_random_file.h"
 #include "platform/posix/replacement_file.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr std::size_t blockLength = 1 << 16;
+
+/// A file that takes the system a noticeable time to free.
+bool isLong(const std::string& path) {
+    constexpr std::int64_t length = 1 << 24;
+    const std::optional<Status> status = statusOf(path);
+    return status && S_ISREG(status->st_mode) && status->st_size >= length;
+}
 
 } // namespace
 
@@ -93,10 +102,14 @@ std::unique_ptr<TableLock> PosixFiles::moveIntoPlace(const Text& from, const Tex
 
 void PosixFiles::remove(const Text& path) {
     const std::string native = paths_.native(path);
+    Descriptor last = isLong(native) ? openNative(native, O_RDONLY) : Descriptor();
     if (unlink(native.c_str()) != 0) {
         failFile();
     }
     syncFolder(openParentOf(native));
+    if (last.isOpen()) {
+        closeInBackground(std::move(last));
+    }
 }
 
 void PosixFiles::removeLeftovers(const Text& folder) { ::removeLeftovers(paths_.native(folder)); }

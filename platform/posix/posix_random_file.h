@@ -10,7 +10,7 @@
 class PosixRandomFile : public RandomFile {
 public:
     /// Opens the file at the native `path`; see OpenedFile.
-    explicit PosixRandomFile(std::string path) : file_(std::move(path)) {}
+    explicit PosixRandomFile(std::string path) : file_(std::move(path)) { file_.syncName(); }
     std::int64_t length() override { return file_.length(); }
     std::size_t readAt(std::int64_t offset, char* into, std::size_t count) override;
     void writeDurably(std::int64_t offset, BytesView bytes) override;

@@ -9,9 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <limits>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -218,6 +220,23 @@ TEST(PosixFiles, NamesOutsideUtf8AndOutsideTheCodePageWorkThroughout) {
     EXPECT_EQ(world.bytesOf("🐱é한"), "x");
     EXPECT_EQ(world.bytesOf("a\\b"), "x");
     EXPECT_EQ(world.entries(), 3);
+}
+
+TEST(PosixFiles, ALongFileIsGoneAtOnceAndFreedSoon) {
+    RealFolder world;
+    world.make("t", "");
+    fs::resize_file(world.native("t"), 20 << 20);
+    const auto openFiles = [] {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+    };
+    const auto before = openFiles();
+    world.files.remove(u"t");
+    EXPECT_FALSE(fs::exists(world.native("t")));
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (openFiles() > before && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(PosixFiles, APathLongerThanTheSystemAllowsFails) {

@@ -90,6 +90,32 @@ TEST(SyncOrder, ALongRunIsDurableWhenItIsFinished) {
     EXPECT_EQ(wordsOf(watch), "write sync");
 }
 
+TEST(SyncOrder, ANewFilesNameOfALongRunIsDurableWhenItIsFinished) {
+    OrderFolder world;
+    CallWatch watch(world.folder.path());
+    const auto file = world.files.openBulk(world.path(u"a.txt"));
+    EXPECT_EQ(wordsOf(watch), "create");
+    file->writeDurably(0, "new");
+    file->finish();
+    EXPECT_EQ(wordsOf(watch), "create write sync sync-folder");
+    file->finish();
+    EXPECT_EQ(wordsOf(watch), "create write sync sync-folder sync");
+}
+
+TEST(SyncOrder, ALongRunThatIsHandedOverIsDurableOnceItHasTakenItsPlace) {
+    OrderFolder world;
+    world.make("b.txt", "old");
+    CallWatch watch(world.folder.path());
+    {
+        const auto file = world.files.openBulk(world.path(u"a.txt"));
+        file->writeDurably(0, "new");
+        file->handOver();
+    }
+    EXPECT_EQ(wordsOf(watch), "create write");
+    world.files.moveIntoPlace(world.path(u"a.txt"), world.path(u"b.txt"));
+    EXPECT_EQ(wordsOf(watch), "create write sync rename sync-folder");
+}
+
 TEST(SyncOrder, ADeletionIsDurable) {
     OrderFolder world;
     world.make("a.txt", "old");

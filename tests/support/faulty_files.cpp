@@ -92,6 +92,10 @@ public:
         state().pass(Counted::writes);
         real().finish();
     }
+    void handOver() override {
+        state().pass(Counted::writes);
+        real().handOver();
+    }
 };
 
 } // namespace

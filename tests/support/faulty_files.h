@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, replaceWhole, copy,
+/// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, handOver, replaceWhole, copy,
 /// moveIntoPlace, remove, removeLeftovers and makeFolder; a call is each of these and openRandom, openBulk, exists, readWhole, lockTable,
 /// lockFolder, folderContents, length and readAt.
 /// currentFolder, fromCommandLine and drives, which touch no file, count as nothing.

@@ -23,6 +23,7 @@ public:
         bytes_->replace(from, bytes.size(), bytes);
     }
     void finish() override {}
+    void handOver() override {}
 
 private:
     std::shared_ptr<Bytes> bytes_;

@@ -1,0 +1,8 @@
+#pragma once
+// What a clip file gives back. One whose making was stopped has fewer cells than its head tells of. A double quote inside
+// a cell isn't escaped there, so a cell may come back cut, as two, or together with the next.
+
+#include <string>
+
+/// True if the whole clip can be read: as many fields behind its head as the head tells. `clip` is the file's bytes.
+bool clipReadsBack(const std::string& clip);

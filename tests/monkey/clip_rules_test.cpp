@@ -1,0 +1,19 @@
+#include "tests/monkey/clip_rules.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A clip of two records and one item.
+std::string clipOf(const std::string& first, const std::string& second) {
+    return " 2 \r\n 1 \r\n 2 \r\n 1 \r\n 3 \r\n\"" + first + "\"\r\n\"" + second + "\"\r\n";
+}
+
+} // namespace
+
+TEST(ClipRules, AClipReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("ab", "c,d "))); }
+TEST(ClipRules, ACellThatIsCutReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("a\"b", "cd"))); }
+TEST(ClipRules, ACellThatComesBackAsTwoReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("a\",b", "cd"))); }
+TEST(ClipRules, ACellThatComesBackWithTheNextReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("\",", "cd"))); }
+TEST(ClipRules, AClipThatIsCutShortDoesNot) { EXPECT_FALSE(clipReadsBack(" 2 \r\n 1 \r\n 2 \r\n 1 \r\n 3 \r\n\"ab\"\r\n")); }
+TEST(ClipRules, AnEmptyFileDoesNot) { EXPECT_FALSE(clipReadsBack("")); }
