@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::size_t largestItemFile = 16u << 20;
 
-/// The files of one run. The table's own open file is kept aside and comes back unless the swap has taken its place.
+/// The files of one run. The table's own open file is kept aside and comes back unless the swap has taken its place. A run
+/// that fails before the swap takes its new files away.
 class BulkFiles {
 public:
     BulkFiles(ZORMOD& zormod, const BulkJob& job) : zormod_(zormod), job_(job) {}
@@ -22,6 +23,9 @@ public:
         closeFile(zormod_, 2);
         if (table_) {
             zormod_.files.byNumber[1] = std::move(table_);
+        }
+        if (isWaste_) {
+            tidy([&] { clear(); });
         }
     }
     BulkFiles(const BulkFiles&) = delete;
@@ -51,6 +55,7 @@ private:
     std::unique_ptr<RandomFile> table_;
     BulkFile* in_ = nullptr;
     BulkFile* out_ = nullptr;
+    bool isWaste_ = false; ///< what the new files hold is of no use to anybody
 };
 
 bool BulkFiles::open() {
@@ -62,9 +67,11 @@ bool BulkFiles::open() {
             return false;
         }
         clearWorkFiles(zormod_, drive());
+        isWaste_ = true;
         markWorkFiles(zormod_, drive());
     } else {
         removeIfThere(zormod_, newPath());
+        isWaste_ = true;
     }
     auto in = files.openBulk(fullPath(drive(), name()));
     auto out = files.openBulk(newPath());
@@ -110,6 +117,7 @@ bool BulkFiles::swap() {
         writeSwapRecord(zormod_, name(), drive(),
                         {static_cast<std::uint64_t>(out_->length()), fingerprintOf(*out_), oldItems, newItems()});
     }
+    isWaste_ = false;
     putDataInPlace();
     if (job_.items != BulkItems::kept) {
         putItemsInPlace();
@@ -139,6 +147,7 @@ void BulkFiles::putItemsInPlace() {
 void BulkFiles::giveUp() {
     closeFile(zormod_, 2);
     zormod_.files.byNumber[1] = std::move(table_);
+    isWaste_ = false;
     clear();
 }
 

@@ -233,6 +233,22 @@ TEST(BulkRewrite, ALeftoverOfOurOwnDoesNot) {
     EXPECT_EQ(world.entries(), tableAlone);
 }
 
+TEST(BulkRewrite, ARunThatFailsLeavesTheOldBytesAndNoNewFile) {
+    for (const BulkRoad road : {BulkRoad::workFile, BulkRoad::inPlace}) {
+        BulkWorld world(3);
+        const std::string before = world.bytesOf("t.txt");
+        EXPECT_THROW(bulkRewrite(world.zormod, {.name = u"行挿入中", .road = road},
+                                 [](BulkRun& run) {
+                                     run.copy(1, 2);
+                                     throw RuntimeFailure{FailureKind::file};
+                                 }),
+                     RuntimeFailure);
+        EXPECT_EQ(world.bytesOf("t.txt"), before);
+        EXPECT_EQ(world.entries(), tableAlone);
+        EXPECT_EQ(world.zormod.files.byNumber[1]->length(), 3 * 256);
+    }
+}
+
 TEST(BulkRewrite, WhileAnotherCopyIsAtWorkNothingHappens) {
     BulkWorld world(5);
     world.makeTable("u.txt", {{u"ID", u"L", 4}}, {{u"1"}, {u"2"}});
