@@ -87,7 +87,7 @@ private:
             checkAtRest(now, *key);
         }
         if (now.taskWord == u"chfln") {
-            now.itemTable = seen_.itemTable; // the widths that are being tried are not those of the file yet
+            takeWidthsOfTheFile(now);
         }
         seen_ = std::move(now);
     }

@@ -1,8 +1,10 @@
 #include "tests/monkey/pair_rules.h"
 
+#include "sheet/item_file.h"
 #include "sheet/record_window.h"
 #include "tests/monkey/random_table.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace {
@@ -82,6 +84,16 @@ Complaint windowShowsTheFile(MonkeyDesk& desk, const Seen& now) {
         }
     }
     return std::nullopt;
+}
+
+void takeWidthsOfTheFile(Seen& now) {
+    const std::vector<std::string> lines = linesOf(now.items);
+    ItemTable& items = now.itemTable;
+    for (std::int16_t item = 0; item <= items.itemCount; ++item) {
+        const auto number = static_cast<std::size_t>(items.itemCount + 2 + item);
+        items.itemWidth[item] = static_cast<std::int16_t>(std::atoi(behindLabel(lines, number).c_str()));
+    }
+    computeItemStart(items);
 }
 
 Complaint pairIsWhole(const CodePage& codePage, const Seen& now) {

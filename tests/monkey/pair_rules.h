@@ -7,6 +7,8 @@
 Complaint positionFits(const Seen& now);
 /// Each row of the window but the current one shows its record as it lies in the file.
 Complaint windowShowsTheFile(MonkeyDesk& desk, const Seen& now);
+/// Puts the widths that the K file tells in place of those that are only being tried.
+void takeWidthsOfTheFile(Seen& now);
 /// The K file says the items that the program works with, they fit into a record, and each record reads and writes back
 /// to itself.
 Complaint pairIsWhole(const CodePage& codePage, const Seen& now);
