@@ -111,8 +111,9 @@ Complaint pairIsWhole(const CodePage& codePage, const Seen& now) {
         return "widths: " + std::to_string(bytes) + " bytes";
     }
     for (int number = 1; number <= now.recordCount(); ++number) {
+        // Items that were moved bring half characters together, and such a pair may have another code as well.
         const std::string_view record = now.record(number);
-        if (canonical(codePage, record) != record) {
+        if (codePage.decode(canonical(codePage, record)) != codePage.decode(record)) {
             return "code: record " + std::to_string(number) + " does not come back as it was";
         }
     }

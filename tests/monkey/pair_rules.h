@@ -9,8 +9,8 @@ Complaint positionFits(const Seen& now);
 Complaint windowShowsTheFile(MonkeyDesk& desk, const Seen& now);
 /// Puts the widths that the K file tells in place of those that are only being tried.
 void takeWidthsOfTheFile(Seen& now);
-/// The K file says the items that the program works with, they fit into a record, and each record reads and writes back
-/// to itself.
+/// The K file says the items that the program works with, they fit into a record, and the text of each record
+/// comes back when it is written and read again.
 Complaint pairIsWhole(const CodePage& codePage, const Seen& now);
 /// The work of no operation lies about in the folder.
 Complaint nothingIsLeftBehind(MonkeyDesk& desk);

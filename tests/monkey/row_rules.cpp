@@ -33,9 +33,26 @@ std::string_view cellIn(const Seen& table, std::string_view row) {
                       static_cast<std::size_t>(table.itemTable.itemWidth[item]));
 }
 
+/// True if `row` comes about when another byte than the one at `edge` was put into the cell: with half a character beside
+/// it, it has become a character that has two codes, and is written in the other one.
+bool meetsItsNeighbour(const CodePage& codePage, const Seen& table, std::string_view old, std::string_view row,
+                       std::size_t edge) {
+    Bytes cell(cellIn(table, row));
+    for (int byte = 0; byte < 256; ++byte) {
+        cell[edge] = static_cast<char>(byte);
+        if (withCell(codePage, table, old, cell) == row) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// True if `row` is `old`, or differs in the current cell alone.
 bool differsInCellOnly(const CodePage& codePage, const Seen& table, std::string_view old, std::string_view row) {
-    return old == row || withCell(codePage, table, old, cellIn(table, row)) == row;
+    const std::string_view cell = cellIn(table, row);
+    return old == row || withCell(codePage, table, old, cell) == row ||
+           meetsItsNeighbour(codePage, table, old, row, 0) ||
+           meetsItsNeighbour(codePage, table, old, row, cell.size() - 1);
 }
 
 Bytes aligned(const CodePage& codePage, const Seen& table, const Text& text) {
