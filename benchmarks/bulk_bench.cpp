@@ -6,8 +6,6 @@
 
 #include "measure.h"
 #include "sheet/bulk_rewrite.h"
-#include "sheet/item_file.h"
-#include "sheet/record_window.h"
 #include "support/test_world.h"
 #include "table_generator.h"
 
@@ -69,15 +67,8 @@ int main() {
     TimedEventLoop turns;
     ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
                            world.screen, world.commands, world.forms, turns, world.printer});
-    generateTable(world.folder.path(), "t.txt", records);
-    const Text path = world.zormod.file.programFolder + u"t.txt";
-    zormod.file.fileDrive = path.substr(0, 1);
-    zormod.file.fileName = path.substr(2);
-    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
-        giveUp("readItemFile");
-    }
-    openDataFile(zormod);
-    fillFirstWindow(zormod);
+    zormod.file.programFolder = world.zormod.file.programFolder;
+    openGeneratedTable(zormod, world.folder.path(), records);
     const Bytes table = world.bytesOf("t.txt");
     sync();
 

@@ -9,8 +9,6 @@
 #include "platform/qt/romika_application.h"
 #include "platform/qt/turn_giver.h"
 #include "sheet/bulk_rewrite.h"
-#include "sheet/item_file.h"
-#include "sheet/record_window.h"
 #include "support/test_world.h"
 #include "table_generator.h"
 #include "voice/forms/form_table.h"
@@ -48,19 +46,6 @@ double rewriteTime(ZORMOD& zormod, const BulkJob& job) {
     });
 }
 
-void openMillion(ZORMOD& zormod, const TestWorld& world) {
-    generateTable(world.folder.path(), "t.txt", records);
-    const Text path = world.zormod.file.programFolder + u"t.txt";
-    zormod.file = world.zormod.file;
-    zormod.file.fileDrive = path.substr(0, 1);
-    zormod.file.fileName = path.substr(2);
-    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
-        giveUp("readItemFile");
-    }
-    openDataFile(zormod);
-    fillFirstWindow(zormod);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -83,7 +68,8 @@ int main(int argc, char** argv) {
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);
     forms.setContext(context);
-    openMillion(zormod, world);
+    zormod.file.programFolder = world.zormod.file.programFolder;
+    openGeneratedTable(zormod, world.folder.path(), records);
     const Bytes table = world.bytesOf("t.txt");
 
     rewriteTime(zormod, {}); // what the first one pays for is no cost of the form

@@ -7,10 +7,8 @@
 //   memory                 what the process has grown by after all of them but the clip, which the clipboard holds
 
 #include "measure.h"
-#include "sheet/item_file.h"
 #include "sheet/progress_rounds.h"
 #include "sheet/record_file.h"
-#include "sheet/record_window.h"
 #include "structure/clip_file.h"
 #include "structure/record_operations.h"
 #include "support/test_world.h"
@@ -99,15 +97,8 @@ int main() {
     ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
                            world.screen, world.commands, world.forms, turns, world.printer});
     turns.zormod = &zormod;
-    generateTable(world.folder.path(), "t.txt", records);
-    const Text path = world.zormod.file.programFolder + u"t.txt";
-    zormod.file.fileDrive = path.substr(0, 1);
-    zormod.file.fileName = path.substr(2);
-    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
-        giveUp("readItemFile");
-    }
-    openDataFile(zormod);
-    fillFirstWindow(zormod);
+    zormod.file.programFolder = world.zormod.file.programFolder;
+    openGeneratedTable(zormod, world.folder.path(), records);
     const std::string table = world.folder.path() + "/t.txt";
     sync();
 

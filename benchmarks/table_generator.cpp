@@ -1,7 +1,10 @@
 #include "table_generator.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include "measure.h"
+#include "sheet/item_file.h"
+#include "sheet/record_file.h"
+#include "sheet/record_window.h"
+
 #include <fstream>
 
 namespace {
@@ -45,7 +48,18 @@ void generateTable(const std::string& folder, const std::string& name, std::int6
     out.close();
     keys.close();
     if (!out || !keys) {
-        std::fprintf(stderr, "bench: the table %s could not be written\n", name.c_str());
-        std::exit(2);
+        giveUp(name.c_str());
     }
+}
+
+void openGeneratedTable(ZORMOD& zormod, const std::string& folder, std::int64_t records) {
+    generateTable(folder, "t.txt", records);
+    const Text path = zormod.file.programFolder + u"t.txt";
+    zormod.file.fileDrive = path.substr(0, 1);
+    zormod.file.fileName = path.substr(2);
+    if (!readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive).empty()) {
+        giveUp("readItemFile");
+    }
+    openDataFile(zormod);
+    fillFirstWindow(zormod);
 }
