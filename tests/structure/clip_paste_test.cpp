@@ -358,7 +358,7 @@ TEST(ClipPaste, AnInsertionThatIsStoppedLeavesTheTableAsItWas) {
 TEST(ClipPaste, AClipCutShortAnywhereChangesNothing) {
     const std::string whole = clipOf(3, 2, {"a", "b", "c", "d", "e", "f"});
     for (void (*paste)(ZORMOD&) : {pasteOver, pasteInsert}) {
-        for (std::size_t length = 0; length < whole.size() - 4; ++length) {
+        for (std::size_t length = 0; length < whole.size() - 2; ++length) {
             RecordWorld world;
             world.numbered(4);
             const std::string before = world.bytesOf("t.txt");
@@ -372,6 +372,26 @@ TEST(ClipPaste, AClipCutShortAnywhereChangesNothing) {
                 EXPECT_EQ(world.bytesOf("t.txt"), before) << length;
                 EXPECT_EQ(world.entries().count(".change-t.txt"), 0U) << length;
             }
+        }
+    }
+}
+
+TEST(ClipPaste, ABackupCutShortInsideARowChangesNothing) {
+    const std::string whole = " 2 \r\n\"ab\"\r\n\"cd\"\r\n";
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        RecordWorld world;
+        world.numbered(3);
+        const std::string before = world.bytesOf("t.txt");
+        world.writeFile("ZORCLip.bak", whole.substr(0, length));
+        world.dialogs.answers = {Answer::ok};
+        const std::size_t quotes = static_cast<std::size_t>(std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length), '"'));
+        if (length > 0 && quotes % 2 == 0) {
+            // Rows that are whole are put back, however many there are.
+            undoPaste(world.zormod);
+            EXPECT_EQ(world.order(), quotes == 0 ? "1 2 3" : quotes == 2 ? "1 ab 3" : "1 ab cd") << length;
+        } else {
+            EXPECT_THROW(undoPaste(world.zormod), RuntimeFailure) << length;
+            EXPECT_EQ(world.bytesOf("t.txt"), before) << length;
         }
     }
 }

@@ -551,6 +551,30 @@ TEST(PointerChoice, EnterMovesTheItemsInFrontOfThePointer) {
     world.expectOver();
 }
 
+TEST(PointerChoice, AMoveOfItemsShowsTheTableAsOneThatHasBeenOpened) {
+    PointerWorld world(2);
+    setPanelText(world.edit, PanelField::Label8, u"入力字数制限:項目幅");
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    world.press(Key::enter);
+    EXPECT_EQ(utf8(world.edit.Label8), "字数制限:項目幅");
+    EXPECT_EQ(world.place(), Place(1, 4));
+    EXPECT_EQ(utf8(world.edit.RichTextBox1), "丁");
+    world.expectOver();
+}
+
+TEST(PointerChoice, AMoveThatIsStoppedLeavesTheLabelsToo) {
+    PointerWorld world(2);
+    setPanelText(world.edit, PanelField::Label8, u"入力字数制限:項目幅");
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    world.eventLoop.atTurn[1] = [&] { world.zormod.results.answers[0] = 1.0; };
+    world.press(Key::enter);
+    EXPECT_EQ(utf8(world.edit.Label8), "入力字数制限:項目幅");
+    EXPECT_EQ(utf8(world.zormod.items.itemName[1]), "甲");
+    world.expectOver();
+}
+
 TEST(PointerChoice, EnterCopiesAndMovesABlockToTheCurrentCell) {
     PointerWorld world(6, 1);
     world.selectBlock(1, 2, 1, 2);
