@@ -331,6 +331,9 @@ TEST(ClearRange, StoppedAtTheClipFileOrLaterItBlanksNothing) {
         clearRange(world.zormod, 1, 3, 0, 3);
         EXPECT_EQ(world.bytesOf("t.txt"), world.before) << turn;
         EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+        if (turn <= 3) {
+            EXPECT_EQ(world.zormod.selection.selRecordTo, 0);
+        }
         EXPECT_EQ(std::get<double>(world.zormod.results.answers[0]), 0.0);
         EXPECT_FALSE(world.dialogs.progressOpen);
     }

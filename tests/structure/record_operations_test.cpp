@@ -131,6 +131,23 @@ TEST(RecordOperations, EachShowsItsNameAndTheMoveItsTaskWord) {
     EXPECT_FALSE(world.dialogs.progressOpen);
 }
 
+TEST(RecordOperations, BehindItsLoopAMoveHasItsOwnTaskWordAgain) {
+    struct Watching : ScriptedDialogs {
+        void closeProgress() override {
+            words.push_back(utf8(zormod->taskWord));
+            ScriptedDialogs::closeProgress();
+        }
+        ZORMOD* zormod = nullptr;
+        std::vector<std::string> words;
+    };
+    Watching dialogs;
+    TestWorld world({.dialogs = &dialogs});
+    dialogs.zormod = &world.zormod;
+    world.table({{u"ID", u"L", 4}}, {{u"1"}, {u"2"}, {u"3"}});
+    EXPECT_EQ(moveRecords(world.zormod, 1, 1, 3), BulkEnd::done);
+    EXPECT_THAT(dialogs.words, ElementsAre("moverecord"));
+}
+
 TEST(RecordOperations, AnInsertionSaysItsNumberWithTheLeadingBlank) {
     RecordWorld world;
     world.numbered(2);
@@ -195,6 +212,7 @@ TEST(RecordOperations, ADeletionWhoseClipFileIsStoppedDeletesNothing) {
     EXPECT_EQ(world.order(), "1 2 3 4 5");
     EXPECT_THAT(utf8(world.dialogs.progressNames), ElementsAre("ｸﾘｯﾌﾟﾌｧｲﾙ作成中"));
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    EXPECT_EQ(world.zormod.selection.selRecordTo, 0);
     EXPECT_TRUE(world.zormod.taskWord.empty());
     EXPECT_FALSE(isStopAsked(world.zormod));
 }

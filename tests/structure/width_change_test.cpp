@@ -1,8 +1,10 @@
 #include "structure/width_change.h"
 
 #include "sheet/cell.h"
+#include "sheet/item_file.h"
 #include "structure/item_operations.h"
 #include "structure/task_world.h"
+#include "structure/width_rewrite.h"
 
 #include <cstdint>
 
@@ -315,6 +317,19 @@ TEST(WidthChange, AWidthSumOf254PutsTheLineEndAtTheEndOfTheRecord) {
     world.widen();
     world.press(plainKey(Key::enter));
     EXPECT_EQ(world.bytesOf("t.txt"), "1" + std::string(252, ' ') + "a\r\n");
+}
+
+TEST(WidthChange, WidthsThatLeaveNoRoomForTheLineEndLoseTheirLastBytesToIt) {
+    ItemTable old;
+    old.itemCount = 1;
+    old.itemAlign[0] = old.itemAlign[1] = u"L";
+    old.itemWidth[0] = 200;
+    old.itemWidth[1] = 56;
+    computeItemStart(old);
+    ItemTable made = old;
+    made.itemWidth[1] = 55;
+    EXPECT_EQ(resizedRecord(std::string(200, 'a') + std::string(56, 'b'), old, made),
+              std::string(200, 'a') + std::string(54, 'b') + "\r\n");
 }
 
 TEST(WidthChange, AnEmptyTableIsChangedInItsItemFileAlone) {
