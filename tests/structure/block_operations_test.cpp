@@ -130,6 +130,17 @@ struct BlockWorld : TestWorld {
     std::string before;
 };
 
+/// What becomes of five cells of one letter each, "abcde", when those of two items and between go to another item.
+std::string lettersAfter(void (*operation)(ZORMOD&), std::int16_t from, std::int16_t to, std::int16_t pointer) {
+    TestWorld world;
+    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
+                {{u"a", u"b", u"c", u"d", u"e"}});
+    select(world.zormod, 1, 1, from, to);
+    world.zormod.position.curItem = pointer;
+    operation(world.zormod);
+    return world.bytesOf("t.txt").substr(0, 5);
+}
+
 } // namespace
 
 TEST(BlockOperations, RandomBlocksComeOutAsCarriedOutCellByCell) {
@@ -247,33 +258,15 @@ TEST(BlockOperations, OverTheEndOfTheTableRecordsAreLostAndNoneIsMade) {
 }
 
 TEST(BlockOperations, ToTheRightInTheSameRecordTheFirstCellsAreRepeated) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 0, 3);
-    world.zormod.position.curItem = 1;
-    copyBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "aaaaa");
+    EXPECT_EQ(lettersAfter(copyBlock, 0, 3, 1), "aaaaa");
 }
 
 TEST(BlockOperations, AMoveToTheRightInTheSameRecordCarriesTheFirstCellAlong) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 0, 3);
-    world.zormod.position.curItem = 1;
-    moveBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "    a");
+    EXPECT_EQ(lettersAfter(moveBlock, 0, 3, 1), "    a");
 }
 
 TEST(BlockOperations, ToTheLeftInTheSameRecordTheLastCellsAreRepeated) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 1, 4);
-    world.zormod.position.curItem = 0;
-    copyBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "eeeee");
+    EXPECT_EQ(lettersAfter(copyBlock, 1, 4, 0), "eeeee");
 }
 
 TEST(BlockOperations, AMoveOntoItselfBeepsACopyDoesNotAndNeitherChangesAnything) {

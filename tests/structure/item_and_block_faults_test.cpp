@@ -8,10 +8,10 @@
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "support/faulty_copy.h"
+#include "support/folder_entries.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 
 namespace {
@@ -39,8 +39,7 @@ struct FaultWorld : FilledWorld {
     void expectOldOrNew(const TablePair& after, const std::string& where) {
         copy.startAgain();
         EXPECT_TRUE(now() == before || now() == after) << where;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            const std::string name = entry.path().filename().string();
+        for (const std::string& name : entriesOf(folder.path())) {
             EXPECT_TRUE(name == "t.txt" || name == "kt.txt" || name.ends_with("ZORCLip")) << where << ": " << name;
         }
     }
