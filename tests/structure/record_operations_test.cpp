@@ -36,7 +36,9 @@ TEST(RecordOperations, InsertingEqualsPuttingBlankRowsIntoAList) {
         const auto record = static_cast<std::int32_t>(1 + random() % (rows.size() + 1));
         const auto count = static_cast<std::int32_t>(1 + random() % 40);
         world.stand(record, 0);
+        const std::string items = world.itemFile();
         EXPECT_EQ(insertRecords(world.zormod, count), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         rows = endedRows(rows);
         rows.insert(rows.begin() + record - 1, static_cast<std::size_t>(count), blank);
         ASSERT_EQ(world.bytesOf("t.txt"), joinedRows(rows)) << turn;
@@ -55,7 +57,9 @@ TEST(RecordOperations, DeletingEqualsErasingFromAList) {
         auto to = static_cast<std::int32_t>(1 + random() % rows.size());
         world.stand(static_cast<std::int32_t>(1 + random() % rows.size()), 0);
         const std::int32_t here = world.zormod.position.curRecord;
+        const std::string items = world.itemFile();
         EXPECT_EQ(deleteRecords(world.zormod, from, to), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         if (from > to) {
             std::swap(from, to);
         }
@@ -77,7 +81,9 @@ TEST(RecordOperations, MovingEqualsTakingOutAndPuttingInFrontOfThePointer) {
         auto from = static_cast<std::int32_t>(1 + random() % rows.size());
         auto to = static_cast<std::int32_t>(1 + random() % rows.size());
         const auto pointer = static_cast<std::int32_t>(1 + random() % (rows.size() + 1));
+        const std::string items = world.itemFile();
         EXPECT_EQ(moveRecords(world.zormod, from, to, pointer), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         if (from > to) {
             std::swap(from, to);
         }

@@ -136,6 +136,11 @@ struct QuickWorld : TestWorld, RecordTools<QuickWorld> {
     std::string bytesOf(const std::string& name) const {
         return memory.exists(pathOf(name)) ? memory.bytesOf(pathOf(name)) : std::string();
     }
+    /// The item definition file, which the table must have.
+    std::string itemFile() const {
+        EXPECT_TRUE(memory.exists(u"C:\\kt.txt"));
+        return memory.bytesOf(u"C:\\kt.txt");
+    }
     void writeFile(const std::string& name, std::string_view bytes) { memory.replaceWhole(pathOf(name), bytes); }
 
     mutable MemoryFiles memory;
