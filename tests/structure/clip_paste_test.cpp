@@ -509,6 +509,19 @@ TEST(ClipPaste, TheBackupIsFoundUnderItsOtherSpelling) {
     EXPECT_EQ(world.order(), "x 2");
 }
 
+TEST(ClipPaste, TakingBackGivesTheSelectionUp) {
+    RecordWorld world;
+    world.numbered(2);
+    world.select(1, 1, 1, 0, 0);
+    world.writeFile("ZORCLip.bak", " 2 \r\n\"x\"\r\n");
+    world.dialogs.answers = {Answer::ok};
+    const int hides = world.screen.maskHides;
+    undoPaste(world.zormod);
+    EXPECT_EQ(world.order(), "1 x");
+    EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    EXPECT_GT(world.screen.maskHides, hides);
+}
+
 TEST(ClipPaste, TheScreenShowsTheTableAsItIsAfterwards) {
     RecordWorld world;
     world.numbered(2);
