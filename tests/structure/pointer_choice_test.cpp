@@ -618,6 +618,20 @@ TEST(PointerChoice, APointerInsideTheRangeIsRefusedWithTheWordsOfItems) {
     }
 }
 
+TEST(PointerChoice, ARangeWithItsEndsTheOtherWayRoundHoldsThePointerAllTheSame) {
+    PointerWorld world;
+    const std::string before = world.bytesOf("t.txt");
+    world.selectItems(2, 3);
+    world.key(plainKey(Key::right));
+    world.ask(ctrlKey(Key::h), u"2");
+    std::swap(world.zormod.selection.selItemFrom, world.zormod.selection.selItemTo);
+    world.dialogs.expectedMessages = 1;
+    world.press(Key::enter);
+    EXPECT_EQ(world.message().second, "移動点の再設定");
+    EXPECT_EQ(world.bytesOf("t.txt"), before);
+    world.expectOver();
+}
+
 TEST(PointerChoice, GivingUpLeavesTheTableAsItWas) {
     PointerWorld world;
     const std::string before = world.bytesOf("t.txt");
