@@ -352,6 +352,26 @@ TEST(PointerChoice, ArrowsMoveTheRecordPointerOverTheRangeAndBehindTheLastRecord
     EXPECT_EQ(world.pointer(), 1);
 }
 
+TEST(PointerChoice, TheWindowFollowsThePointerOfRecords) {
+    PointerWorld world;
+    world.zormod.position.windowRows = 3;
+    world.selectRecords(1, 1);
+    world.key(plainKey(Key::down));
+    for (const char* id : {"r4", "r5", "r6"}) {
+        world.press(Key::down);
+        EXPECT_EQ(world.zormod.window.recordWindow[currentSlot(world.zormod)].substr(0, 2), id);
+    }
+}
+
+TEST(PointerChoice, WhenTheChoiceEndsTheWindowShowsWhatIsOnTheDisk) {
+    PointerWorld world;
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    storeSlot(world.zormod, currentSlot(world.zormod), "old");
+    world.choice().giveUp();
+    EXPECT_EQ(world.zormod.window.recordWindow[currentSlot(world.zormod)].substr(0, 3), "r1 ");
+}
+
 TEST(PointerChoice, EachStepOfThePointerIsRead) {
     PointerWorld world(6, 2);
     world.selectRecords(2, 3);
