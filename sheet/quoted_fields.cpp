@@ -35,6 +35,7 @@ Bytes QuotedFields::next() {
         field += static_cast<char>(byte);
         byte = take();
     }
+    isCut_ = isQuoted && byte == none;
     endField(byte);
     return field;
 }

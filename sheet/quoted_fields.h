@@ -15,6 +15,8 @@ public:
     explicit QuotedFields(RandomFile& file) : file_(file) {}
     /// The bytes of the next field. None left, or a field longer than any writer makes one, is a failure.
     Bytes next();
+    /// True if the field taken last began with a double quote that nothing closes: the file ends too early.
+    bool isCut() const { return isCut_; }
     /// Passes over `count` fields; none for 0 or less.
     void skip(std::int64_t count);
     /// True when there is no field left.
@@ -28,4 +30,5 @@ private:
     std::int64_t from_ = 0; ///< of the block in the file
     Bytes block_;
     std::size_t at_ = 0; ///< of the next byte in the block
+    bool isCut_ = false;
 };

@@ -1,6 +1,5 @@
 #include "structure/clip_paste.h"
 
-#include "edit/range_state.h"
 #include "platform/code_page.h"
 #include "platform/dialogs.h"
 #include "platform/number_text.h"
@@ -180,7 +179,6 @@ void undoPaste(ZORMOD& zormod) {
     const RecordSpan span = spanOf(first, rows);
     backup->rewind();
     backup->skip(1);
-    dropRange(zormod);
     changeInPlace(zormod, {.name = u"張り付け撤去中", .spans = {span}, .canStop = false}, [&](RecordChanges& run) {
         for (std::int64_t record = span.from; record <= span.to; ++record) {
             run.nextRound();

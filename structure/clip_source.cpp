@@ -2,6 +2,7 @@
 
 #include "platform/code_page.h"
 #include "platform/dialogs.h"
+#include "platform/failure.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
 
@@ -29,7 +30,13 @@ std::unique_ptr<ClipSource> ClipSource::open(ZORMOD& zormod, TextView name) {
 
 ClipSource::~ClipSource() { closeFile(zormod_, 3); }
 
-Text ClipSource::text() { return zormod_.platform.codePage.decode(fields_->next()); }
+Text ClipSource::text() {
+    const Bytes field = fields_->next();
+    if (fields_->isCut()) {
+        throw RuntimeFailure{FailureKind::file};
+    }
+    return zormod_.platform.codePage.decode(field);
+}
 
 std::int32_t ClipSource::number() { return roundTo32(Val(text())); }
 

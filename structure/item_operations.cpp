@@ -9,6 +9,7 @@
 #include "voice/speech_channel.h"
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -97,6 +98,16 @@ std::vector<Piece> piecesOf(const ItemTable& items, const std::vector<std::int16
     return pieces;
 }
 
+/// Rewrites the table for the items of the other table. Which of them take input stands in no file and goes along.
+BulkEnd rewriteForOtherItems(ZORMOD& zormod, const BulkJob& job, const std::function<void(BulkRun&)>& loop) {
+    const auto marks = zormod.otherItems.itemInputMark;
+    const BulkEnd end = bulkRewrite(zormod, job, loop);
+    if (end == BulkEnd::done) {
+        zormod.items.itemInputMark = marks;
+    }
+    return end;
+}
+
 } // namespace
 
 BulkEnd insertItems(ZORMOD& zormod, std::int16_t from, std::int16_t to) {
@@ -129,9 +140,8 @@ BulkEnd deleteItems(ZORMOD& zormod, std::int16_t from, std::int16_t to) {
     const std::size_t begin = offsetOf(zormod.items, span.from);
     const std::size_t end = endOf(zormod.items, span.to);
     zormod.otherItems = rearranged(zormod.items, order);
-    const auto marks = zormod.otherItems.itemInputMark;
     Bytes row;
-    const BulkEnd ended = bulkRewrite(zormod, {.items = BulkItems::other}, [&](BulkRun& run) {
+    const BulkEnd ended = rewriteForOtherItems(zormod, {.items = BulkItems::other}, [&](BulkRun& run) {
         run.forEach(1, run.records(), [&](const Bytes& read) {
             endRecord(read, row);
             row.erase(begin, end - begin);
@@ -141,7 +151,6 @@ BulkEnd deleteItems(ZORMOD& zormod, std::int16_t from, std::int16_t to) {
         });
     });
     if (ended == BulkEnd::done) {
-        zormod.items.itemInputMark = marks;
         zormod.platform.commands.run(showOpenedTableCommand);
     }
     return ended;
@@ -161,7 +170,8 @@ BulkEnd moveItems(ZORMOD& zormod, std::int16_t from, std::int16_t to, std::int16
     zormod.otherItems = rearranged(zormod.items, order);
     zormod.taskWord = u"work";
     Bytes moved;
-    const BulkEnd end = bulkRewrite(zormod, {.name = u"項目移動中", .items = BulkItems::other}, [&](BulkRun& run) {
+    const BulkJob job{.name = u"項目移動中", .items = BulkItems::other};
+    const BulkEnd end = rewriteForOtherItems(zormod, job, [&](BulkRun& run) {
         run.forEach(1, run.records(), [&](const Bytes& row) {
             moved.clear();
             for (const Piece& piece : pieces) {

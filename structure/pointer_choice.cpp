@@ -6,11 +6,13 @@
 #include "edit/range_state.h"
 #include "edit/status_update.h"
 #include "platform/beeper.h"
+#include "platform/commands.h"
 #include "platform/dialogs.h"
 #include "platform/forms.h"
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "start/table_opening.h"
 #include "structure/block_operations.h"
 #include "structure/item_operations.h"
 #include "structure/record_operations.h"
@@ -353,7 +355,10 @@ void PointerChoice::run(const Text& task) {
         zormod_.platform.beeper.beep();
         zormod_.platform.dialogs.showMessage(u"移動点と移動項目範囲と重なっています", u"移動点の再設定");
     } else if (movesItems) {
-        moveItems(zormod_, range.selItemFrom, range.selItemTo, static_cast<std::int16_t>(range.moveAnchor));
+        const auto pointer = static_cast<std::int16_t>(range.moveAnchor);
+        if (moveItems(zormod_, range.selItemFrom, range.selItemTo, pointer) == BulkEnd::done) {
+            zormod_.platform.commands.run(showOpenedTableCommand);
+        }
     } else {
         moveRecords(zormod_, from, to, range.moveAnchor);
     }

@@ -62,7 +62,7 @@ BulkEnd moveRecords(ZORMOD& zormod, std::int32_t from, std::int32_t to, std::int
             run.copy(last + 1, run.records());
         } else {
             run.copy(1, first - 1);
-            run.copy(last + 1, std::min(pointer - 1, run.records()));
+            run.copy(last + 1, pointer - 1);
             run.copy(first, last);
             run.copy(pointer, run.records());
         }

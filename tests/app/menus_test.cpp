@@ -63,6 +63,35 @@ TEST(Menus, EveryEntryHasACaptionAndANameOfItsOwn) {
     }
 }
 
+TEST(Menus, TheEntriesForRecordsItemsAndTheClipHaveTheirWords) {
+    const std::map<Text, Text> expected = {
+        {u"mnuCLIP", u"copy(はりつけﾌｧｲﾙ作成)"},
+        {u"mnuPAST", u"はりつけ･上書き"},
+        {u"mnuIPASTE", u"はりつけ･挿入"},
+        {u"mnuDEPAST", u"はりつけ取り消し"},
+        {u"mnuCOPY", u"ﾃﾞｰﾀｺﾋﾟｰ"},
+        {u"mnuMOVE", u"ﾃﾞｰﾀ移動"},
+        {u"mnuFLN", u"項目幅変更(shiftまたはctrl+ｽﾍﾟｰｽ)"},
+        {u"mnuRL", u"配置（ＲまたはＬ）の変更"},
+        {u"mnuINSREC1", u"１記録挿入(Ctrl+Shift+Ins)"},
+        {u"mnuINSRECM", u"指定数の記録の挿入"},
+        {u"mnuKILLREC1", u"指定数の記録の排除"},
+        {u"menuRKILL", u"指定範囲の記録の排除"},
+        {u"mnuINSITEM", u"項目の挿入"},
+        {u"mnuKILLITEM", u"項目の削除"},
+        {u"mnuMITEM", u"項目の移動"},
+        {u"mnuMREC", u"記録の移動"},
+        {u"mnuZDEL", u"指定範囲データ消去"},
+    };
+    std::map<Text, Text> found;
+    for (const MenuEntry& entry : allEntries()) {
+        if (expected.contains(Text(entry.name))) {
+            found.emplace(entry.name, entry.caption);
+        }
+    }
+    EXPECT_EQ(found, expected);
+}
+
 TEST(Menus, EachMenuHasALetterAndNoneTakesOneOfTheInputBox) {
     std::string letters;
     for (const MenuGroup& group : form1Menus()) {

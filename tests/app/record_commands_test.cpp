@@ -195,6 +195,20 @@ TEST(RecordCommands, TheQuestionStandsUnderItsTaskWord) {
     EXPECT_EQ(word, "killrecord");
 }
 
+TEST(RecordCommands, AnInsertionRunsUnderItsTaskWord) {
+    for (const TextView command : {TextView(u"mnuINSREC1"), TextView(u"mnuINSRECM"), insertRangeRecordsCommand}) {
+        RecordCommandWorld world;
+        world.selectRecords(2, 3);
+        world.dialogs.texts = {u"2"};
+        std::string word;
+        world.eventLoop.atTurn[1] = [&] { word = utf8(world.zormod.taskWord); };
+        world.table.run(command);
+        EXPECT_EQ(word, "insertrecord") << utf8(command);
+        world.expectAtRest();
+        world.dialogs.texts.clear();
+    }
+}
+
 TEST(RecordCommands, WithoutARangeOfRecordsTheUserIsToldToSelectOne) {
     for (const std::int16_t kind : {0, 1, 3}) {
         RecordCommandWorld world;

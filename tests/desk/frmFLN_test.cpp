@@ -163,6 +163,47 @@ TEST(frmFLN, ItsButtonsSayThemselvesAndGiveTheBoxTheFocusBack) {
     desk.expectOver();
 }
 
+TEST(frmFLN, TheButtonsApplyAndGiveUp) {
+    WidthDesk desk;
+    const auto pressButton = [&](const std::string& name) {
+        for (int i = 0; i < 7 && desk.focus() != name; ++i) {
+            desk.key(plainKey(Key::tab));
+        }
+        EXPECT_EQ(desk.focus(), name);
+        desk.key(plainKey(Key::enter));
+    };
+    desk.withForm(shiftKey(Key::space), [&] { pressButton("Command5"); });
+    desk.expectOver();
+    EXPECT_EQ(desk.text("txtWIDTH"), "6");
+    EXPECT_EQ(desk.world.bytesOf("t.txt"), desk.before);
+    desk.withForm(shiftKey(Key::space), [&] { pressButton("Command4"); });
+    desk.expectOver();
+    EXPECT_EQ(desk.row(2, 16), "2   ab       7\r\n");
+    desk.withForm(ctrlKey(Key::space), [&] {
+        pressButton("Command2");
+        EXPECT_EQ(desk.text("txtWIDTH"), "5");
+        desk.key(plainKey(Key::escape));
+    });
+}
+
+TEST(frmFLN, TheKeyThatOpenedItDoesNothingMoreWhileHeld) {
+    WidthDesk desk;
+    desk.tabTo("txtWIDTH");
+    bool came = false;
+    desk.inNextModal([&] {
+        came = true;
+        desk.keys.repeat(plainKey(Key::enter));
+        desk.keys.repeat(plainKey(Key::enter), RepeatStyle::pairs);
+        EXPECT_EQ(utf8(desk.zormod.taskWord), "chfln");
+        EXPECT_TRUE(desk.formTable.isLoaded(u"frmFLN"));
+        desk.keys.up(plainKey(Key::enter));
+        desk.key(plainKey(Key::escape));
+    });
+    desk.keys.down(plainKey(Key::enter));
+    desk.waitForScript();
+    EXPECT_TRUE(came);
+}
+
 TEST(frmFLN, WhatWasAppliedIsTakenBackToTheItemFileByItsButton) {
     WidthDesk desk;
     const std::string items = desk.world.bytesOf("kt.txt");

@@ -2,6 +2,7 @@
 // what is heard and seen on the way.
 
 #include "edit/forms/frmSHEET.h"
+#include "edit/status_update.h"
 #include "support/qt/edit_desk.h"
 
 #include <QApplication>
@@ -207,6 +208,28 @@ TEST(frmMSSG, TabReachesTheButtonsAndEachSaysItself) {
     EXPECT_EQ(desk.spokenBy(plainKey(Key::tab)), Said{"セル移動操作テキストボックス。"});
     EXPECT_EQ(desk.control(u"Text2")->accessibleName().toStdString(), "セル移動操作テキストボックス。");
     desk.keysDown({shiftKey(Key::tab), plainKey(Key::enter)});
+    desk.expectOver();
+}
+
+TEST(frmMSSG, ItsButtonCarriesTheMoveOut) {
+    PointerDesk desk;
+    desk.draw(altKey(Key::down));
+    desk.keysDown({plainKey(Key::down), plainKey(Key::tab)});
+    EXPECT_EQ(desk.focus(), "Command1");
+    desk.key(plainKey(Key::enter));
+    EXPECT_EQ(desk.row(1, 2) + desk.row(2, 2) + desk.row(3, 2), "r2r1r3");
+    desk.expectOver();
+}
+
+TEST(frmMSSG, TheInputBoxGivesTheFocusBackToItsBox) {
+    PointerDesk desk;
+    desk.draw(shiftKey(Key::right));
+    desk.keysDown({plainKey(Key::down), plainKey(Key::tab)});
+    EXPECT_EQ(desk.focus(), "Command1");
+    desk.guard.run([&] { giveInputBoxFocus(desk.edit); });
+    desk.settle();
+    EXPECT_EQ(desk.focus(), "Text2");
+    desk.key(plainKey(Key::escape));
     desk.expectOver();
 }
 

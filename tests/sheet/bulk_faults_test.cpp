@@ -3,6 +3,7 @@
 
 #include "sheet/bulk_world.h"
 #include "sheet/failure_recovery.h"
+#include "support/faulty_copy.h"
 #include "support/forked_child.h"
 
 #include <gtest/gtest.h>
@@ -18,17 +19,9 @@ using Lasting = FaultyFiles::Lasting;
 using Kind = FaultyFiles::Kind;
 using Operation = std::function<BulkEnd(ZORMOD&)>;
 
-struct Pair {
-    std::string data;
-    std::string items;
-    bool operator==(const Pair&) const = default;
-};
-
-Pair pairOf(const BulkWorld& world) { return {world.bytesOf("t.txt"), world.bytesOf("kt.txt")}; }
-
 /// The shared state of another copy of the program, whose files may fail.
-struct FaultyCopy {
-    explicit FaultyCopy(BulkWorld& world)
+struct OtherCopy {
+    explicit OtherCopy(BulkWorld& world)
         : faulty(world.files), zormod(Platform{world.clipboard, world.clock, world.beeper, faulty, world.codePage,
                                                world.dialogs, world.screen, world.commands, world.forms,
                                                world.eventLoop, world.printer}) {
@@ -37,41 +30,35 @@ struct FaultyCopy {
         closeAllFiles(world.zormod);
     }
     /// As every opening of a table does it.
-    void open() {
-        zormod.files.tableLock = faulty.lockTable(fullPath(zormod.file.fileDrive, zormod.file.fileName));
-        recoverTable(zormod, zormod.file.fileName, zormod.file.fileDrive);
-        ASSERT_EQ(readItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive), Text());
-        openDataFile(zormod);
-        fillFirstWindow(zormod);
-    }
+    void open() { openAsAtStart(zormod); }
     FaultyFiles faulty;
     ZORMOD zormod;
 };
 
 /// What the operation makes of the table when nothing goes wrong.
-Pair newPair(const Operation& operation) {
+TablePair newPair(const Operation& operation) {
     BulkWorld world;
     EXPECT_EQ(operation(world.zormod), BulkEnd::done);
-    return pairOf(world);
+    return pairIn(world);
 }
 
-void expectOldOrNew(BulkWorld& world, const Pair& before, const Pair& after, const std::string& where) {
-    FaultyCopy next(world);
+void expectOldOrNew(BulkWorld& world, const TablePair& before, const TablePair& after, const std::string& where) {
+    OtherCopy next(world);
     next.open();
-    const Pair now = pairOf(world);
+    const TablePair now = pairIn(world);
     EXPECT_TRUE(now == before || now == after) << where;
     EXPECT_EQ(world.entries(), tableAlone) << where;
     EXPECT_EQ(next.zormod.items.itemWidth[0], now.items.find("2000 ' 6\r\n") != std::string::npos ? 6 : 4) << where;
 }
 
 /// Runs the operation with the fault at the `n`th call, as the guard round the handlers does. False once no call is left.
-bool failsAt(int n, const Operation& operation, Lasting lasting, const Pair& after) {
+bool failsAt(int n, const Operation& operation, Lasting lasting, const TablePair& after) {
     const std::string where = "call " + std::to_string(n);
     BulkWorld world;
-    const Pair before = pairOf(world);
+    const TablePair before = pairIn(world);
     bool met = false;
     {
-        FaultyCopy copy(world);
+        OtherCopy copy(world);
         copy.open();
         world.dialogs.expectedMessages = 3;
         copy.faulty.failAt(n, Counted::calls, lasting);
@@ -84,7 +71,7 @@ bool failsAt(int n, const Operation& operation, Lasting lasting, const Pair& aft
         EXPECT_FALSE(world.dialogs.progressOpen) << where;
         if (hasTable(copy.zormod)) {
             // What the program goes on with fits together already.
-            const Pair now = pairOf(world);
+            const TablePair now = pairIn(world);
             EXPECT_TRUE(now == before || now == after) << where << ", the running copy";
         }
     }
@@ -92,11 +79,11 @@ bool failsAt(int n, const Operation& operation, Lasting lasting, const Pair& aft
     return met;
 }
 
-bool diesAt(int n, const Operation& operation, const Pair& after) {
+bool diesAt(int n, const Operation& operation, const TablePair& after) {
     BulkWorld world;
-    const Pair before = pairOf(world);
+    const TablePair before = pairIn(world);
     ForkedChild child([&](const ChildSide&) {
-        FaultyCopy copy(world);
+        OtherCopy copy(world);
         copy.open();
         copy.faulty.failAt(n, Counted::calls, Lasting::once, Kind::kill);
         return operation(copy.zormod) == BulkEnd::done;
@@ -107,7 +94,7 @@ bool diesAt(int n, const Operation& operation, const Pair& after) {
         return true;
     }
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(pairOf(world), after);
+    EXPECT_EQ(pairIn(world), after);
     return false;
 }
 
@@ -118,7 +105,7 @@ const std::vector<Operation> operations = {[](ZORMOD& zormod) { return dropEvery
 
 TEST(BulkFaults, AFailureAtAnyFileCallLeavesTheOldPairOrTheNew) {
     for (const Operation& operation : operations) {
-        const Pair after = newPair(operation);
+        const TablePair after = newPair(operation);
         for (const Lasting lasting : {Lasting::once, Lasting::fromThenOn}) {
             int n = 1;
             while (failsAt(n, operation, lasting, after)) {
@@ -131,7 +118,7 @@ TEST(BulkFaults, AFailureAtAnyFileCallLeavesTheOldPairOrTheNew) {
 
 TEST(BulkFaults, AKillAtAnyFileCallLeavesTheOldPairOrTheNew) {
     for (const Operation& operation : operations) {
-        const Pair after = newPair(operation);
+        const TablePair after = newPair(operation);
         int n = 1;
         while (diesAt(n, operation, after)) {
             ++n;
@@ -141,13 +128,13 @@ TEST(BulkFaults, AKillAtAnyFileCallLeavesTheOldPairOrTheNew) {
 }
 
 TEST(BulkFaults, AKillDuringTheRecoveryLeavesItToTheNextOpening) {
-    const Pair after = newPair(widenFirstItem);
+    const TablePair after = newPair(widenFirstItem);
     int deaths = 0;
     for (int first = 1; first < 200; ++first) {
         BulkWorld world;
-        const Pair before = pairOf(world);
+        const TablePair before = pairIn(world);
         ForkedChild child([&](const ChildSide&) {
-            FaultyCopy copy(world);
+            OtherCopy copy(world);
             copy.open();
             copy.faulty.failAt(first, Counted::writes, Lasting::once, Kind::kill);
             return widenFirstItem(copy.zormod) == BulkEnd::done;
@@ -157,7 +144,7 @@ TEST(BulkFaults, AKillDuringTheRecoveryLeavesItToTheNextOpening) {
         }
         for (int second = 1; second < 200; ++second) {
             ForkedChild recovery([&](const ChildSide&) {
-                FaultyCopy copy(world);
+                OtherCopy copy(world);
                 copy.faulty.failAt(second, Counted::calls, Lasting::once, Kind::kill);
                 copy.open();
                 return true;

@@ -8,10 +8,10 @@
 #include "sheet/record_window.h"
 #include "sheet/swap_record.h"
 #include "support/faulty_files.h"
+#include "support/folder_entries.h"
 #include "support/test_world.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -28,13 +28,7 @@ struct BulkWorld : TestWorld {
         openTable("t.txt");
     }
 
-    std::set<std::string> entries() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::set<std::string> entries() const { return entriesOf(folder.path()); }
 };
 
 inline const std::set<std::string> tableAlone = {"kt.txt", "t.txt"};

@@ -3,7 +3,7 @@
 
 #include "sheet/change_world.h"
 #include "sheet/failure_recovery.h"
-#include "sheet/item_file.h"
+#include "support/faulty_copy.h"
 #include "support/forked_child.h"
 
 #include <gtest/gtest.h>
@@ -43,15 +43,6 @@ const std::vector<Change> changes = {
     {1800, "", [](ZORMOD& zormod) { return copySpan(zormod, 10, 900, 600); }},
 };
 
-void open(ZORMOD& zormod) {
-    FileIdentity& file = zormod.file;
-    zormod.files.tableLock = zormod.platform.files.lockTable(fullPath(file.fileDrive, file.fileName));
-    recoverTable(zormod, file.fileName, file.fileDrive);
-    ASSERT_EQ(readItemFile(zormod, file.fileName, file.fileDrive), Text());
-    openDataFile(zormod);
-    fillFirstWindow(zormod);
-}
-
 std::string changed(const Change& change) {
     ChangeWorld world(change.records, change.tail);
     EXPECT_EQ(change.run(world.zormod), BulkEnd::done);
@@ -62,7 +53,7 @@ std::string changed(const Change& change) {
 void expectOldOrNew(ChangeWorld& world, const std::string& after, const std::string& where) {
     closeAllFiles(world.copy);
     world.copy.files.tableLock.reset();
-    open(world.zormod);
+    openAsAtStart(world.zormod);
     EXPECT_TRUE(world.now() == world.before || world.now() == after) << where;
     EXPECT_EQ(world.entries(), tableAlone) << where;
 }
@@ -70,7 +61,7 @@ void expectOldOrNew(ChangeWorld& world, const std::string& after, const std::str
 bool failsAt(int n, const Change& change, Lasting lasting, Kind kind, const std::string& after) {
     const std::string where = "call " + std::to_string(n);
     ChangeWorld world(change.records, change.tail);
-    open(world.copy);
+    openAsAtStart(world.copy);
     world.dialogs.expectedMessages = 3;
     world.faulty.failAt(n, Counted::calls, lasting, kind);
     try {
@@ -92,7 +83,7 @@ bool failsAt(int n, const Change& change, Lasting lasting, Kind kind, const std:
 bool diesAt(int n, const Change& change, const std::string& after) {
     ChangeWorld world(change.records, change.tail);
     ForkedChild child([&](const ChildSide&) {
-        open(world.copy);
+        openAsAtStart(world.copy);
         world.faulty.failAt(n, Counted::calls, Lasting::once, Kind::kill);
         return change.run(world.copy) == BulkEnd::done;
     });
@@ -141,7 +132,7 @@ TEST(ChangeFaults, AKillDuringTheRecoveryLeavesItToTheNextOpening) {
     for (int first = 1; first < 200; ++first) {
         ChangeWorld world(change.records, change.tail);
         ForkedChild child([&](const ChildSide&) {
-            open(world.copy);
+            openAsAtStart(world.copy);
             world.faulty.failAt(first, Counted::writes, Lasting::once, Kind::kill);
             return change.run(world.copy) == BulkEnd::done;
         });
@@ -151,7 +142,7 @@ TEST(ChangeFaults, AKillDuringTheRecoveryLeavesItToTheNextOpening) {
         for (int second = 1; second < 200; ++second) {
             ForkedChild recovery([&](const ChildSide&) {
                 world.faulty.failAt(second, Counted::calls, Lasting::once, Kind::kill);
-                open(world.copy);
+                openAsAtStart(world.copy);
                 return true;
             });
             if (recovery.end() == 0) {

@@ -17,20 +17,32 @@ constexpr const char* unusedName = ".unused-change-t.txt";
 
 /// A table that a change of `span` has not reached yet, and the complete journal of that change.
 struct Interrupted : ChangeWorld {
-    explicit Interrupted(std::int32_t records, RecordSpan span, const std::string& tail = "")
+    /// The records get one version after the other. With more than one of them the span must be of so many frames that
+    /// each leaves the memory before its next turn.
+    explicit Interrupted(std::int32_t records, RecordSpan span, const std::string& tail = "",
+                         const std::string& versions = "b")
         : ChangeWorld(records, tail) {
         after = before;
         after.resize(std::max(after.size(), static_cast<std::size_t>(span.to) * recordLength), '\0');
-        const std::string changed = recordsOf(span.from, span.to, 'b');
+        const std::string changed = recordsOf(span.from, span.to, versions.back());
         after.replace(static_cast<std::size_t>(span.from - 1) * recordLength, changed.size(), changed);
         // The journal is made of one write for each of its frames and one for its head; then comes the table.
-        const int frames = (span.to - span.from) / 256 + 1;
+        const int frames = ((span.to - span.from) / 256 + 1) * static_cast<int>(versions.size());
         faulty.failAt(1 + frames + 1 + 1 + 1, FaultyFiles::Counted::writes, FaultyFiles::Lasting::fromThenOn);
-        EXPECT_THROW(renew(copy, span), RuntimeFailure);
+        EXPECT_THROW(writeAll(span, versions), RuntimeFailure);
         faulty.heal();
         EXPECT_EQ(now(), before);
         journal = bytesOf(journalName);
         EXPECT_EQ(entries(), (std::set<std::string>{"kt.txt", "t.txt", journalName}));
+    }
+    void writeAll(RecordSpan span, const std::string& versions) {
+        changeInPlace(copy, {.spans = {span}}, [&](RecordChanges& run) {
+            for (const char version : versions) {
+                for (std::int32_t record = span.from; record <= span.to; ++record) {
+                    run.write(record, rowOf(record, version));
+                }
+            }
+        });
     }
     /// Lets the next opening meet this table and this journal.
     void meet(const std::string& table, const std::string& withJournal) {
@@ -149,6 +161,30 @@ TEST(ChangeRecovery, AJournalWithoutOneOfItsFramesIsDropped) {
         EXPECT_EQ(world.now(), world.before);
         EXPECT_EQ(world.entries(), tableAlone);
     }
+}
+
+TEST(ChangeRecovery, RecordsThatChangedAgainWhenTheirFrameWasStoredBecomeTheNewestOnes) {
+    Interrupted world(1500, {5, 1490}, "", "mb");
+    std::mt19937 random(2);
+    world.meet(mixed(world.before, world.after, random), world.journal);
+    EXPECT_EQ(world.now(), world.after);
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(ChangeRecovery, AJournalWithAnEarlierVersionOfAFrameIsDropped) {
+    const RecordSpan span{5, 1490};
+    Interrupted world(1500, span, "", "mb");
+    const Interrupted earlier(1500, span, "", "m");
+    ASSERT_EQ(world.journal.size(), earlier.journal.size());
+    constexpr std::size_t headLength = 80;
+    constexpr std::size_t frameLength = 24 + 2 * 256 * recordLength;
+    std::string journal = world.journal;
+    journal.replace(headLength + frameLength, frameLength, earlier.journal, headLength + frameLength, frameLength);
+    std::mt19937 random(3);
+    const std::string table = mixed(world.before, world.after, random);
+    world.meet(table, journal);
+    EXPECT_EQ(world.now(), table);
+    EXPECT_EQ(world.entries(), tableAlone);
 }
 
 TEST(ChangeRecovery, AnotherTableIsLeftAloneTheJournalPutAsideAndTheUserToldOnce) {

@@ -6,9 +6,9 @@
 #include "sheet/record_window.h"
 #include "sheet/swap_record.h"
 #include "support/faulty_files.h"
+#include "support/folder_entries.h"
 #include "support/test_world.h"
 
-#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
@@ -43,13 +43,7 @@ struct ChangeWorld : TestWorld {
         openDataFile(copy);
     }
 
-    std::set<std::string> entries() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::set<std::string> entries() const { return entriesOf(folder.path()); }
     std::string now() const { return bytesOf("t.txt"); }
     /// What every opening of the table does first.
     void recover() { recoverTable(zormod, zormod.file.fileName, zormod.file.fileDrive); }

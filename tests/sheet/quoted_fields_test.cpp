@@ -54,6 +54,17 @@ TEST(QuotedFields, AQuoteThatNeverClosesRunsToTheEndOfTheFile) {
     EXPECT_THAT(fieldsOf("\"ab\r\nc"), ElementsAre("ab\r\nc"));
 }
 
+TEST(QuotedFields, TellsAFieldThatTheEndOfTheFileHasCut) {
+    RealFolder folder;
+    folder.make("f", "\"a\"\r\nb,\"c");
+    const auto file = folder.files.openRandom(u"f");
+    QuotedFields fields(*file);
+    for (const bool isCut : {false, false, true}) {
+        fields.next();
+        EXPECT_EQ(fields.isCut(), isCut);
+    }
+}
+
 TEST(QuotedFields, BytesOfTwoByteCharactersNeverEndAField) {
     EXPECT_THAT(fieldsOf("\"\x83\x5C\x81\x7C\x82\"\r\n"), ElementsAre("\x83\x5C\x81\x7C\x82"));
 }

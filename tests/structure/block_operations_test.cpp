@@ -130,6 +130,17 @@ struct BlockWorld : TestWorld {
     std::string before;
 };
 
+/// What becomes of five cells of one letter each, "abcde", when those of two items and between go to another item.
+std::string lettersAfter(void (*operation)(ZORMOD&), std::int16_t from, std::int16_t to, std::int16_t pointer) {
+    TestWorld world;
+    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
+                {{u"a", u"b", u"c", u"d", u"e"}});
+    select(world.zormod, 1, 1, from, to);
+    world.zormod.position.curItem = pointer;
+    operation(world.zormod);
+    return world.bytesOf("t.txt").substr(0, 5);
+}
+
 } // namespace
 
 TEST(BlockOperations, RandomBlocksComeOutAsCarriedOutCellByCell) {
@@ -140,8 +151,9 @@ TEST(BlockOperations, RandomBlocksComeOutAsCarriedOutCellByCell) {
         for (int round = 0; round < 8; ++round) {
             const bool move = table.between(0, 1) == 0;
             const int n = std::max(1, table.count());
-            const int a = table.between(1, n);
-            const int b = table.between(1, n);
+            // Now and then the range reaches past the end.
+            const int a = table.between(1, n + 1);
+            const int b = table.between(1, n + 1);
             const std::int16_t c = table.anyItem();
             const std::int16_t d = table.anyItem();
             const int fromRecord = std::min(a, b);
@@ -247,33 +259,15 @@ TEST(BlockOperations, OverTheEndOfTheTableRecordsAreLostAndNoneIsMade) {
 }
 
 TEST(BlockOperations, ToTheRightInTheSameRecordTheFirstCellsAreRepeated) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 0, 3);
-    world.zormod.position.curItem = 1;
-    copyBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "aaaaa");
+    EXPECT_EQ(lettersAfter(copyBlock, 0, 3, 1), "aaaaa");
 }
 
 TEST(BlockOperations, AMoveToTheRightInTheSameRecordCarriesTheFirstCellAlong) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 0, 3);
-    world.zormod.position.curItem = 1;
-    moveBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "    a");
+    EXPECT_EQ(lettersAfter(moveBlock, 0, 3, 1), "    a");
 }
 
 TEST(BlockOperations, ToTheLeftInTheSameRecordTheLastCellsAreRepeated) {
-    TestWorld world;
-    world.table({{u"0", u"L", 1}, {u"1", u"L", 1}, {u"2", u"L", 1}, {u"3", u"L", 1}, {u"4", u"L", 1}},
-                {{u"a", u"b", u"c", u"d", u"e"}});
-    select(world.zormod, 1, 1, 1, 4);
-    world.zormod.position.curItem = 0;
-    copyBlock(world.zormod);
-    EXPECT_EQ(world.bytesOf("t.txt").substr(0, 5), "eeeee");
+    EXPECT_EQ(lettersAfter(copyBlock, 1, 4, 0), "eeeee");
 }
 
 TEST(BlockOperations, AMoveOntoItselfBeepsACopyDoesNotAndNeitherChangesAnything) {
@@ -316,6 +310,40 @@ TEST(ClearRange, BlanksTheCellsAndPutsThemInTheClipFile) {
     EXPECT_FALSE(world.dialogs.progressOpen);
 }
 
+TEST(ClearRange, RandomRangesComeOutWithBlanksInTheirBytes) {
+    for (unsigned seed = 1; seed <= 300; ++seed) {
+        RandomTable table(seed, 6, 8);
+        const int n = table.count();
+        if (n == 0) {
+            continue;
+        }
+        const int a = table.between(1, n);
+        const int b = table.between(1, n);
+        const std::int16_t c = table.anyItem();
+        const std::int16_t d = table.anyItem();
+        const std::size_t last = table.items.size() - 1;
+        std::string expected;
+        for (int number = 1; number <= n; ++number) {
+            std::string record = table.records[static_cast<std::size_t>(number - 1)];
+            if (number >= std::min(a, b) && number <= std::max(a, b)) {
+                record.resize(254);
+                for (auto item = static_cast<std::size_t>(std::min(c, d)); item <= static_cast<std::size_t>(std::max(c, d)); ++item) {
+                    // The last item takes all that stands behind it along.
+                    const std::size_t length = item == last ? 254 - table.startOf(item) : table.widthOf(item);
+                    record.replace(table.startOf(item), length, length, ' ');
+                    record = table.codePage.encode(table.codePage.decode(record));
+                }
+                record = record.substr(0, 254) + "\r\n";
+            }
+            expected += record;
+        }
+        const std::string items = table.itemsNow();
+        clearRange(table.copy, a, b, c, d);
+        ASSERT_EQ(table.dataNow(), expected + table.tail) << seed;
+        ASSERT_EQ(table.itemsNow(), items) << seed;
+    }
+}
+
 TEST(ClearRange, ItsProgressCountsTheRecordsOfTheRange) {
     BlockWorld world;
     clearRange(world.zormod, 2, 3, 1, 2);
@@ -327,10 +355,15 @@ TEST(ClearRange, StoppedAtTheClipFileOrLaterItBlanksNothing) {
     for (int turn = 1; turn <= 6; ++turn) {
         BlockWorld world;
         world.zormod.selection.selectionKind = 1;
+        world.zormod.taskWord = u"killrecord";
         world.eventLoop.atTurn[turn] = [&] { world.zormod.results.answers[0] = 1.0; };
         clearRange(world.zormod, 1, 3, 0, 3);
         EXPECT_EQ(world.bytesOf("t.txt"), world.before) << turn;
         EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+        EXPECT_EQ(world.zormod.taskWord, Text());
+        if (turn <= 3) {
+            EXPECT_EQ(world.zormod.selection.selRecordTo, 0);
+        }
         EXPECT_EQ(std::get<double>(world.zormod.results.answers[0]), 0.0);
         EXPECT_FALSE(world.dialogs.progressOpen);
     }

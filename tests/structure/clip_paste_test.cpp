@@ -5,6 +5,8 @@
 #include "structure/record_operations.h"
 #include "structure/record_world.h"
 
+#include <algorithm>
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -87,7 +89,9 @@ TEST(ClipPaste, PastingOverEqualsPuttingCellByCell) {
     QuickWorld world;
     for (int turn = 0; turn < 250; ++turn) {
         RandomPaste paste(world, random);
+        const std::string items = world.itemFile();
         pasteOver(paste.world.zormod);
+        EXPECT_EQ(world.itemFile(), items);
         const CodePage& page = paste.world.codePage;
         std::string backup = line(" " + std::to_string(paste.first) + " ");
         Rows rows = paste.rows;
@@ -118,7 +122,9 @@ TEST(ClipPaste, PastingByInsertionEqualsInsertingAndThenFilling) {
     QuickWorld two;
     for (int turn = 0; turn < 250; ++turn) {
         RandomPaste paste(world, random);
+        const std::string items = world.itemFile();
         ASSERT_NO_THROW(pasteInsert(paste.world.zormod));
+        EXPECT_EQ(world.itemFile(), items);
 
         // The two steps one after the other, on a second table.
         two.rows({{u"x", u"L", 1}}, paste.rows);
@@ -178,6 +184,37 @@ TEST(ClipPaste, DeletedRecordsComeBackByInsertionAtTheSamePlace) {
     EXPECT_EQ(world.bytesOf("t.txt"), before);
 }
 
+TEST(ClipPaste, DeletedRecordsOfAnyTableComeBackByteForByte) {
+    std::mt19937 random(14);
+    QuickWorld world;
+    int cutCharacters = 0;
+    for (int turn = 0; turn < 250; ++turn) {
+        const auto items = randomItems(random, 200);
+        int width = 0;
+        for (const auto& item : items) {
+            width += item.width;
+        }
+        Rows rows(1 + random() % 10);
+        for (std::string& row : rows) {
+            // A pair of bytes that another pair stands for comes back as that one, and isn't looked at here.
+            do {
+                row = randomRow(random, static_cast<std::size_t>(width));
+            } while (world.codePage.encode(world.codePage.decode(row)) != row);
+            cutCharacters += static_cast<unsigned char>(row[static_cast<std::size_t>(items[0].width - 1)]) > 0x80 ? 1 : 0;
+            row = ended(row);
+        }
+        world.rows(items, rows);
+        const auto from = static_cast<std::int32_t>(1 + random() % rows.size());
+        const auto to = static_cast<std::int32_t>(from + static_cast<std::int32_t>(random() % (rows.size() - static_cast<std::size_t>(from) + 1)));
+        world.stand(from, 0);
+        ASSERT_EQ(deleteRecords(world.zormod, from, to), BulkEnd::done);
+        world.stand(from, 0);
+        pasteInsert(world.zormod);
+        ASSERT_EQ(world.bytesOf("t.txt"), joinedRows(rows)) << turn;
+    }
+    EXPECT_GT(cutCharacters, 100);
+}
+
 TEST(ClipPaste, WithoutAClipFileTheUserIsToldAndTheBackupStays) {
     for (void (*paste)(ZORMOD&) : {pasteOver, pasteInsert}) {
         RecordWorld world;
@@ -208,6 +245,16 @@ TEST(ClipPaste, TakingBackWithoutABackupIsToldAfterTheQuestion) {
     world.dialogs.expectedMessages = 1;
     undoPaste(world.zormod);
     EXPECT_THAT(world.messages(), ElementsAre("クリップファイルなし/張り付けるべきｸﾘｯﾌﾟﾌｧｲﾙがありません"));
+}
+
+TEST(ClipPaste, TakingBackAfterAStopLeavesNoStopBehindThoughThereIsNoBackup) {
+    RecordWorld world;
+    world.numbered(2);
+    world.zormod.results.answers[0] = 1.0;
+    world.dialogs.expectedMessages = 1;
+    undoPaste(world.zormod);
+    EXPECT_THAT(world.dialogs.questions, IsEmpty());
+    EXPECT_FALSE(isStopAsked(world.zormod));
 }
 
 TEST(ClipPaste, TakingBackAsksAndCancelLeavesEverything) {
@@ -358,7 +405,7 @@ TEST(ClipPaste, AnInsertionThatIsStoppedLeavesTheTableAsItWas) {
 TEST(ClipPaste, AClipCutShortAnywhereChangesNothing) {
     const std::string whole = clipOf(3, 2, {"a", "b", "c", "d", "e", "f"});
     for (void (*paste)(ZORMOD&) : {pasteOver, pasteInsert}) {
-        for (std::size_t length = 0; length < whole.size() - 4; ++length) {
+        for (std::size_t length = 0; length < whole.size() - 2; ++length) {
             RecordWorld world;
             world.numbered(4);
             const std::string before = world.bytesOf("t.txt");
@@ -372,6 +419,27 @@ TEST(ClipPaste, AClipCutShortAnywhereChangesNothing) {
                 EXPECT_EQ(world.bytesOf("t.txt"), before) << length;
                 EXPECT_EQ(world.entries().count(".change-t.txt"), 0U) << length;
             }
+        }
+    }
+}
+
+TEST(ClipPaste, ABackupCutShortInsideARowChangesNothing) {
+    const std::string whole = " 2 \r\n\"ab\"\r\n\"cd\"\r\n";
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        RecordWorld world;
+        world.numbered(3);
+        const std::string before = world.bytesOf("t.txt");
+        world.writeFile("ZORCLip.bak", whole.substr(0, length));
+        world.dialogs.answers = {Answer::ok};
+        const std::string cut = whole.substr(0, length);
+        const auto quotes = std::count(cut.begin(), cut.end(), '"');
+        if (length > 0 && quotes % 2 == 0) {
+            // Rows that are whole are put back, however many there are.
+            undoPaste(world.zormod);
+            EXPECT_EQ(world.order(), quotes == 0 ? "1 2 3" : quotes == 2 ? "1 ab 3" : "1 ab cd") << length;
+        } else {
+            EXPECT_THROW(undoPaste(world.zormod), RuntimeFailure) << length;
+            EXPECT_EQ(world.bytesOf("t.txt"), before) << length;
         }
     }
 }
@@ -439,6 +507,19 @@ TEST(ClipPaste, TheBackupIsFoundUnderItsOtherSpelling) {
     world.dialogs.answers = {Answer::ok};
     undoPaste(world.zormod);
     EXPECT_EQ(world.order(), "x 2");
+}
+
+TEST(ClipPaste, TakingBackGivesTheSelectionUp) {
+    RecordWorld world;
+    world.numbered(2);
+    world.select(1, 1, 1, 0, 0);
+    world.writeFile("ZORCLip.bak", " 2 \r\n\"x\"\r\n");
+    world.dialogs.answers = {Answer::ok};
+    const int hides = world.screen.maskHides;
+    undoPaste(world.zormod);
+    EXPECT_EQ(world.order(), "1 x");
+    EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    EXPECT_GT(world.screen.maskHides, hides);
 }
 
 TEST(ClipPaste, TheScreenShowsTheTableAsItIsAfterwards) {

@@ -5,6 +5,7 @@
 #include "structure/design_checks.h"
 #include "structure/design_reference.h"
 #include "structure/design_typing.h"
+#include "structure/only_message.h"
 #include "support/test_world.h"
 
 #include <gmock/gmock.h>
@@ -32,15 +33,7 @@ struct DesignWorld : TestWorld {
         return itemInKeyDown(*design, stroke, {design->itemin, length, length, 0});
     }
     /// The text and the title of the only message since the last call.
-    std::pair<std::string, std::string> message() {
-        EXPECT_EQ(dialogs.messages.size(), 1U);
-        if (dialogs.messages.empty()) {
-            return {};
-        }
-        const auto last = dialogs.messages.back();
-        dialogs.messages.clear();
-        return {utf8(last.text), utf8(last.title)};
-    }
+    std::pair<std::string, std::string> message() { return takeOnlyMessage(dialogs); }
     void expectMessage() { dialogs.expectedMessages = 1; }
 
     std::unique_ptr<TableDesign> design;

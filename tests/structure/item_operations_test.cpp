@@ -298,6 +298,15 @@ TEST(MoveItems, TheRangeGoesInFrontOfThePointerAndTheUserHearsIt) {
     EXPECT_EQ(world.zormod.taskWord, Text());
 }
 
+TEST(MoveItems, TheItemsThatTakeInputAreTheSameOnesAfterwards) {
+    ItemWorld world;
+    world.zormod.items.itemInputMark[0] = 1;
+    world.zormod.items.itemInputMark[2] = 1;
+    EXPECT_EQ(moveItems(world.zormod, 2, 2, 0), BulkEnd::done);
+    EXPECT_EQ(world.names(), (Names{"年齢", "ID", "氏名"}));
+    EXPECT_EQ(world.marks(), (std::vector<int>{1, 1, 0}));
+}
+
 TEST(MoveItems, WithSpeechOffItDoesNotWait) {
     ItemWorld world;
     const double before = world.clock.slept;

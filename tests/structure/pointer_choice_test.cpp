@@ -352,6 +352,26 @@ TEST(PointerChoice, ArrowsMoveTheRecordPointerOverTheRangeAndBehindTheLastRecord
     EXPECT_EQ(world.pointer(), 1);
 }
 
+TEST(PointerChoice, TheWindowFollowsThePointerOfRecords) {
+    PointerWorld world;
+    world.zormod.position.windowRows = 3;
+    world.selectRecords(1, 1);
+    world.key(plainKey(Key::down));
+    for (const char* id : {"r4", "r5", "r6"}) {
+        world.press(Key::down);
+        EXPECT_EQ(world.zormod.window.recordWindow[currentSlot(world.zormod)].substr(0, 2), id);
+    }
+}
+
+TEST(PointerChoice, WhenTheChoiceEndsTheWindowShowsWhatIsOnTheDisk) {
+    PointerWorld world;
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    storeSlot(world.zormod, currentSlot(world.zormod), "old");
+    world.choice().giveUp();
+    EXPECT_EQ(world.zormod.window.recordWindow[currentSlot(world.zormod)].substr(0, 3), "r1 ");
+}
+
 TEST(PointerChoice, EachStepOfThePointerIsRead) {
     PointerWorld world(6, 2);
     world.selectRecords(2, 3);
@@ -551,6 +571,30 @@ TEST(PointerChoice, EnterMovesTheItemsInFrontOfThePointer) {
     world.expectOver();
 }
 
+TEST(PointerChoice, AMoveOfItemsShowsTheTableAsOneThatHasBeenOpened) {
+    PointerWorld world(2);
+    setPanelText(world.edit, PanelField::Label8, u"入力字数制限:項目幅");
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    world.press(Key::enter);
+    EXPECT_EQ(utf8(world.edit.Label8), "字数制限:項目幅");
+    EXPECT_EQ(world.place(), Place(1, 4));
+    EXPECT_EQ(utf8(world.edit.RichTextBox1), "丁");
+    world.expectOver();
+}
+
+TEST(PointerChoice, AMoveThatIsStoppedLeavesTheLabelsToo) {
+    PointerWorld world(2);
+    setPanelText(world.edit, PanelField::Label8, u"入力字数制限:項目幅");
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    world.eventLoop.atTurn[1] = [&] { world.zormod.results.answers[0] = 1.0; };
+    world.press(Key::enter);
+    EXPECT_EQ(utf8(world.edit.Label8), "入力字数制限:項目幅");
+    EXPECT_EQ(utf8(world.zormod.items.itemName[1]), "甲");
+    world.expectOver();
+}
+
 TEST(PointerChoice, EnterCopiesAndMovesABlockToTheCurrentCell) {
     PointerWorld world(6, 1);
     world.selectBlock(1, 2, 1, 2);
@@ -592,6 +636,20 @@ TEST(PointerChoice, APointerInsideTheRangeIsRefusedWithTheWordsOfItems) {
         EXPECT_EQ(world.bytesOf("t.txt"), before);
         world.expectOver();
     }
+}
+
+TEST(PointerChoice, ARangeWithItsEndsTheOtherWayRoundHoldsThePointerAllTheSame) {
+    PointerWorld world;
+    const std::string before = world.bytesOf("t.txt");
+    world.selectItems(2, 3);
+    world.key(plainKey(Key::right));
+    world.ask(ctrlKey(Key::h), u"2");
+    std::swap(world.zormod.selection.selItemFrom, world.zormod.selection.selItemTo);
+    world.dialogs.expectedMessages = 1;
+    world.press(Key::enter);
+    EXPECT_EQ(world.message().second, "移動点の再設定");
+    EXPECT_EQ(world.bytesOf("t.txt"), before);
+    world.expectOver();
 }
 
 TEST(PointerChoice, GivingUpLeavesTheTableAsItWas) {

@@ -36,7 +36,9 @@ TEST(RecordOperations, InsertingEqualsPuttingBlankRowsIntoAList) {
         const auto record = static_cast<std::int32_t>(1 + random() % (rows.size() + 1));
         const auto count = static_cast<std::int32_t>(1 + random() % 40);
         world.stand(record, 0);
+        const std::string items = world.itemFile();
         EXPECT_EQ(insertRecords(world.zormod, count), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         rows = endedRows(rows);
         rows.insert(rows.begin() + record - 1, static_cast<std::size_t>(count), blank);
         ASSERT_EQ(world.bytesOf("t.txt"), joinedRows(rows)) << turn;
@@ -55,7 +57,9 @@ TEST(RecordOperations, DeletingEqualsErasingFromAList) {
         auto to = static_cast<std::int32_t>(1 + random() % rows.size());
         world.stand(static_cast<std::int32_t>(1 + random() % rows.size()), 0);
         const std::int32_t here = world.zormod.position.curRecord;
+        const std::string items = world.itemFile();
         EXPECT_EQ(deleteRecords(world.zormod, from, to), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         if (from > to) {
             std::swap(from, to);
         }
@@ -77,7 +81,9 @@ TEST(RecordOperations, MovingEqualsTakingOutAndPuttingInFrontOfThePointer) {
         auto from = static_cast<std::int32_t>(1 + random() % rows.size());
         auto to = static_cast<std::int32_t>(1 + random() % rows.size());
         const auto pointer = static_cast<std::int32_t>(1 + random() % (rows.size() + 1));
+        const std::string items = world.itemFile();
         EXPECT_EQ(moveRecords(world.zormod, from, to, pointer), BulkEnd::done);
+        EXPECT_EQ(world.itemFile(), items);
         if (from > to) {
             std::swap(from, to);
         }
@@ -129,6 +135,23 @@ TEST(RecordOperations, EachShowsItsNameAndTheMoveItsTaskWord) {
     EXPECT_THAT(utf8(world.dialogs.progressNames),
                 ElementsAre("記録移動中", "行挿入中", "ｸﾘｯﾌﾟﾌｧｲﾙ作成中", "記録削除中"));
     EXPECT_FALSE(world.dialogs.progressOpen);
+}
+
+TEST(RecordOperations, BehindItsLoopAMoveHasItsOwnTaskWordAgain) {
+    struct Watching : ScriptedDialogs {
+        void closeProgress() override {
+            words.push_back(utf8(zormod->taskWord));
+            ScriptedDialogs::closeProgress();
+        }
+        ZORMOD* zormod = nullptr;
+        std::vector<std::string> words;
+    };
+    Watching dialogs;
+    TestWorld world({.dialogs = &dialogs});
+    dialogs.zormod = &world.zormod;
+    world.table({{u"ID", u"L", 4}}, {{u"1"}, {u"2"}, {u"3"}});
+    EXPECT_EQ(moveRecords(world.zormod, 1, 1, 3), BulkEnd::done);
+    EXPECT_THAT(dialogs.words, ElementsAre("moverecord"));
 }
 
 TEST(RecordOperations, AnInsertionSaysItsNumberWithTheLeadingBlank) {
@@ -195,6 +218,7 @@ TEST(RecordOperations, ADeletionWhoseClipFileIsStoppedDeletesNothing) {
     EXPECT_EQ(world.order(), "1 2 3 4 5");
     EXPECT_THAT(utf8(world.dialogs.progressNames), ElementsAre("ｸﾘｯﾌﾟﾌｧｲﾙ作成中"));
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    EXPECT_EQ(world.zormod.selection.selRecordTo, 0);
     EXPECT_TRUE(world.zormod.taskWord.empty());
     EXPECT_FALSE(isStopAsked(world.zormod));
 }

@@ -5,6 +5,7 @@
 #include "sheet/progress_rounds.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "support/folder_entries.h"
 #include "support/memory_files.h"
 #include "support/test_world.h"
 
@@ -92,13 +93,7 @@ struct RecordWorld : TestWorld, RecordTools<RecordWorld> {
         writeFile("t.txt", joinedRows(records) + tail);
         openTable("t.txt");
     }
-    std::set<std::string> entries() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::set<std::string> entries() const { return entriesOf(folder.path()); }
     /// The stop button is pressed at the `turn`th turn of the event loop from now on.
     void stopAt(int turn) {
         eventLoop.atTurn[eventLoop.turns + turn] = [this] {
@@ -140,6 +135,11 @@ struct QuickWorld : TestWorld, RecordTools<QuickWorld> {
     }
     std::string bytesOf(const std::string& name) const {
         return memory.exists(pathOf(name)) ? memory.bytesOf(pathOf(name)) : std::string();
+    }
+    /// The item definition file, which the table must have.
+    std::string itemFile() const {
+        EXPECT_TRUE(memory.exists(u"C:\\kt.txt"));
+        return memory.bytesOf(u"C:\\kt.txt");
     }
     void writeFile(const std::string& name, std::string_view bytes) { memory.replaceWhole(pathOf(name), bytes); }
 

@@ -4,6 +4,7 @@
 
 #include "app/commands.h"
 #include "sheet/record_window.h"
+#include "structure/only_message.h"
 #include "support/test_world.h"
 
 #include <gmock/gmock.h>
@@ -54,15 +55,7 @@ struct TaskWorld : TaskWorldParts, TestWorld {
     }
     std::string task() const { return utf8(zormod.taskWord); }
     /// Text and title of the only message since the last call.
-    std::pair<std::string, std::string> message() {
-        EXPECT_EQ(dialogs.messages.size(), 1U);
-        if (dialogs.messages.empty()) {
-            return {};
-        }
-        const auto last = dialogs.messages.back();
-        dialogs.messages.clear();
-        return {utf8(last.text), utf8(last.title)};
-    }
+    std::pair<std::string, std::string> message() { return takeOnlyMessage(dialogs); }
 
     Routines routines;
     EditScreen& edit = routines.edit;
