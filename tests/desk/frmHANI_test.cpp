@@ -423,6 +423,20 @@ struct GridDesk : RangeDesk {
         const int first = zormod.position.windowFirst;
         return {selection[0].top() + first, selection[0].bottom() + first, selection[0].left(), selection[0].right()};
     }
+    /// The ground of a cell, away from its letters and lines.
+    QColor ground(int record, int item) {
+        const QRect cell = grid->visualRect(grid->model()->index(record - zormod.position.windowFirst, item));
+        return grid->viewport()->grab().toImage().pixelColor(cell.right() - 4, cell.bottom() - 4);
+    }
+    QColor selectedGround() const { return grid->palette().color(QPalette::Highlight); }
+    /// Fixes the block of records 1 and 2, items 1 and 2.
+    void fixBlock() {
+        key(plainKey(Key::right));
+        key(shiftKey(Key::down));
+        key(plainKey(Key::down));
+        key(plainKey(Key::right));
+        key(plainKey(Key::enter));
+    }
     QTableView* grid;
 };
 
@@ -482,4 +496,70 @@ TEST(GridRange, ASwitchOfTheViewCancelsTheDrawing) {
     EXPECT_FALSE(desk.isDrawing());
     EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
     EXPECT_EQ(desk.zormod.display.viewMode, 0);
+}
+
+TEST(GridRange, TheTargetOfACopyIsGreenAndLiesOverTheRange) {
+    GridDesk desk;
+    desk.fixBlock();
+    desk.key(plainKey(Key::down));
+    ASSERT_EQ(utf8(desk.zormod.taskWord), "copy");
+    EXPECT_EQ(desk.ground(1, 1), QColor(0x00, 0xFF, 0x00)) << "the target starts on the range";
+    EXPECT_EQ(desk.ground(2, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_NE(desk.ground(3, 1), QColor(0x00, 0xFF, 0x00));
+    desk.key(plainKey(Key::down));
+    EXPECT_EQ(desk.ground(1, 1), desk.selectedGround());
+    EXPECT_EQ(desk.ground(2, 1), QColor(0x00, 0xFF, 0x00));
+    EXPECT_EQ(desk.ground(3, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_EQ(desk.selected(), (Ends{1, 2, 1, 2}));
+    desk.key(plainKey(Key::escape));
+    EXPECT_NE(desk.ground(3, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_EQ(desk.selected(), (Ends{2, 2, 1, 1}));
+}
+
+TEST(GridRange, TheTargetOfAMoveIsAColumnOrARow) {
+    GridDesk items;
+    items.key(altKey(Key::right));
+    items.key(plainKey(Key::enter));
+    items.key(plainKey(Key::right));
+    ASSERT_EQ(utf8(items.zormod.taskWord), "moveitem");
+    EXPECT_EQ(items.ground(1, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_EQ(items.ground(9, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_NE(items.ground(1, 1), QColor(0x00, 0xFF, 0x00));
+    items.key(plainKey(Key::escape));
+    GridDesk records;
+    records.key(altKey(Key::down));
+    records.key(plainKey(Key::enter));
+    records.key(plainKey(Key::down));
+    ASSERT_EQ(utf8(records.zormod.taskWord), "moverecord");
+    EXPECT_EQ(records.ground(3, 0), QColor(0x00, 0xFF, 0x00));
+    EXPECT_EQ(records.ground(3, 2), QColor(0x00, 0xFF, 0x00));
+    EXPECT_NE(records.ground(2, 0), QColor(0x00, 0xFF, 0x00));
+    records.key(ctrlKey(Key::down));
+    EXPECT_EQ(records.ground(40, 2), QColor(0x00, 0xFF, 0x00)) << "it goes along with the window";
+    records.key(plainKey(Key::escape));
+}
+
+TEST(GridRange, LettersOnTheTargetAreBlackInEveryPalette) {
+    GridDesk desk;
+    QPalette dark = desk.grid->palette();
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    desk.grid->setPalette(dark);
+    desk.key(plainKey(Key::right));
+    desk.key(shiftKey(Key::down));
+    desk.key(plainKey(Key::enter));
+    desk.key(plainKey(Key::down));
+    desk.key(plainKey(Key::down));
+    const QImage cell = desk.grid->viewport()->grab(desk.grid->visualRect(desk.grid->model()->index(1, 1))).toImage();
+    int black = 0;
+    int white = 0;
+    for (int y = 0; y < cell.height() - 1; ++y) {
+        for (int x = 0; x < cell.width() - 1; ++x) {
+            black += cell.pixelColor(x, y) == QColor(Qt::black) ? 1 : 0;
+            white += cell.pixelColor(x, y) == QColor(Qt::white) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(black, 0);
+    EXPECT_EQ(white, 0);
+    desk.key(plainKey(Key::escape));
 }
