@@ -40,28 +40,22 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         zormod.platform.beeper.beep();
         talkS(zormod, u"まだ使えません");
     });
-    const auto bindJump = [&](TextView name, void (*jump)(EditScreen&)) {
-        commands.bind(name, [&edit, jump] { jump(edit); });
-    };
-    bindJump(u"mnuJUMP", mnuJUMP);
-    bindJump(u"mnuHJ", mnuHJ);
-    bindJump(u"mnuEXTD", mnuEXTD);
-    bindJump(u"mnuEXTTOP", mnuEXTTOP);
-    bindJump(u"mnuEXTR", mnuEXTR);
-    bindJump(u"mnuEXTL", mnuEXTL);
-    bindJump(u"mnuHOME", mnuHOME);
-    bindJump(u"mnuCTRLP", mnuCTRLP);
+    commands.bind(u"mnuJUMP", mnuJUMP, edit);
+    commands.bind(u"mnuHJ", mnuHJ, edit);
+    commands.bind(u"mnuEXTD", mnuEXTD, edit);
+    commands.bind(u"mnuEXTTOP", mnuEXTTOP, edit);
+    commands.bind(u"mnuEXTR", mnuEXTR, edit);
+    commands.bind(u"mnuEXTL", mnuEXTL, edit);
+    commands.bind(u"mnuHOME", mnuHOME, edit);
+    commands.bind(u"mnuCTRLP", mnuCTRLP, edit);
     commands.bind(u"mnuCTRLD", [&box] { box.mnuCTRLD(); });
     commands.bind(u"mnuCTRLU", [&box] { box.mnuCTRLU(); });
 
-    const auto bindReading = [&](TextView name, void (*routine)(ZORMOD&)) {
-        commands.bind(name, [&zormod, routine] { routine(zormod); });
-    };
-    bindReading(u"mnuDTKN", mnuDTKN);
-    bindReading(u"mnuDTKEX", mnuDTKEX);
-    bindReading(u"mnuDTKOFF", mnuDTKOFF);
-    bindReading(u"mnuJY", mnuJY);
-    bindReading(u"mnuINH", mnuINH);
+    commands.bind(u"mnuDTKN", mnuDTKN, zormod);
+    commands.bind(u"mnuDTKEX", mnuDTKEX, zormod);
+    commands.bind(u"mnuDTKOFF", mnuDTKOFF, zormod);
+    commands.bind(u"mnuJY", mnuJY, zormod);
+    commands.bind(u"mnuINH", mnuINH, zormod);
 
     const auto bindForm = [&](TextView name, TextView form) {
         commands.bind(name, [&zormod, form] { zormod.platform.forms.open(form); });
@@ -80,7 +74,7 @@ void bindCommands(CommandTable& commands, Routines& routines) {
         edit.zormod.platform.screen.redrawView();
         giveInputBoxFocus(edit);
     });
-    commands.bind(u"mnuEND", [&zormod] { orderlyEnd(zormod); });
+    commands.bind(u"mnuEND", orderlyEnd, zormod);
     bindRangeCommands(commands, routines);
     bindInputCommands(commands, edit);
     bindStartCommands(commands, edit);

@@ -13,6 +13,10 @@ class CommandTable : public Commands {
 public:
     /// Binds `name`; a second call replaces the routine.
     void bind(TextView name, std::function<void()> routine);
+    /// The same for a routine that works on `state`, which outlives the table's use.
+    template <typename State> void bind(TextView name, void (*routine)(State&), State& state) {
+        bind(name, [routine, &state] { routine(state); });
+    }
     /// What happens on a name that is bound to nothing; nothing at all until this is set.
     void onUnbound(std::function<void()> routine) { unbound_ = std::move(routine); }
     /// True if `name` has a routine.

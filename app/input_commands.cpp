@@ -6,14 +6,11 @@
 #include "edit/pinned_item.h"
 
 void bindInputCommands(CommandTable& commands, EditScreen& edit) {
-    const auto bind = [&](TextView name, void (*routine)(EditScreen&)) {
-        commands.bind(name, [&edit, routine] { routine(edit); });
-    };
-    bind(u"mnuSPITEM", mnuSPITEM);
-    bind(u"Label3", togglePinnedByClick);
-    bind(u"mnuItem", mnuItem);
-    bind(u"mnuWHOLE", mnuWHOLE);
-    bind(u"Label6", toggleItemsToInput);
-    bind(u"mnuIDAUTO", mnuIDAUTO);
-    bind(u"mnuLIMIT", mnuLIMIT);
+    commands.bind(u"mnuSPITEM", mnuSPITEM, edit);
+    commands.bind(u"Label3", togglePinnedByClick, edit);
+    commands.bind(u"mnuItem", mnuItem, edit);
+    commands.bind(u"mnuWHOLE", mnuWHOLE, edit);
+    commands.bind(u"Label6", toggleItemsToInput, edit);
+    commands.bind(u"mnuIDAUTO", mnuIDAUTO, edit);
+    commands.bind(u"mnuLIMIT", mnuLIMIT, edit);
 }

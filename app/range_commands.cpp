@@ -6,11 +6,10 @@
 
 void bindRangeCommands(CommandTable& commands, Routines& routines) {
     RangeDrawing& drawing = routines.rangeDrawing;
-    ZORMOD& zormod = routines.zormod;
     commands.bind(startBlockRangeCommand, [&drawing] { drawing.start(RangeKind::block); });
     commands.bind(startRecordRangeCommand, [&drawing] { drawing.start(RangeKind::records); });
     commands.bind(startItemRangeCommand, [&drawing] { drawing.start(RangeKind::items); });
     commands.bind(focusRangeBoxCommand, [&drawing] { drawing.takeFocus(); });
     commands.bind(stepRangeCommand, [&drawing] { drawing.keyUp(plainKey(Key::other)); });
-    commands.bind(readRangeCommand, [&zormod] { Hread(zormod); });
+    commands.bind(readRangeCommand, Hread, routines.zormod);
 }

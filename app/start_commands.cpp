@@ -41,13 +41,13 @@ void showItemList(EditScreen& edit) {
 
 void bindStartCommands(CommandTable& commands, EditScreen& edit) {
     ZORMOD& zormod = edit.zormod;
-    commands.bind(showOpenedTableCommand, [&edit] { showOpenedTable(edit); });
+    commands.bind(showOpenedTableCommand, showOpenedTable, edit);
     commands.bind(u"mnuREAD", [&edit] { chooseFile(edit, openFileWord); });
     commands.bind(u"mnuDEL", [&edit] { chooseFile(edit, deleteFileWord); });
-    commands.bind(u"mnuItemList", [&edit] { showItemList(edit); });
-    commands.bind(u"mnuSINKI", [&zormod] { startNewTable(zormod); });
-    commands.bind(u"mnuKiSON", [&zormod] { startFromFile(zormod); });
-    commands.bind(u"mnuSYURYOU", [&zormod] { endFromStart(zormod); });
+    commands.bind(u"mnuItemList", showItemList, edit);
+    commands.bind(u"mnuSINKI", startNewTable, zormod);
+    commands.bind(u"mnuKiSON", startFromFile, zormod);
+    commands.bind(u"mnuSYURYOU", endFromStart, zormod);
     for (const Model& model : models()) {
         commands.bind(model.entry, [&zormod, number = model.number] { startWithModel(zormod, number); });
     }

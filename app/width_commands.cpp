@@ -8,6 +8,6 @@ void bindWidthCommands(CommandTable& commands, WidthChange& width, EditScreen& e
     commands.bind(u"mnuFLN", [&width] { width.start(); });
     commands.bind(widenItemCommand, [&width] { width.startWidening(); });
     commands.bind(narrowItemCommand, [&width] { width.startNarrowing(); });
-    commands.bind(u"mnuRL", [&edit] { mnuRL(edit); });
-    commands.bind(changeAlignmentCommand, [&edit] { changeAlignment(edit); });
+    commands.bind(u"mnuRL", mnuRL, edit);
+    commands.bind(changeAlignmentCommand, changeAlignment, edit);
 }

@@ -18,7 +18,6 @@ void refreshAndGoOn(EditScreen& edit) {
 
 void pin(EditScreen& edit, std::int16_t item) {
     edit.zormod.input.pinnedItem = item;
-    edit.pinnedCaption.set(pinnedTitle(edit.zormod));
     edit.zormod.platform.forms.open(formName);
     refreshAndGoOn(edit);
 }

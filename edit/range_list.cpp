@@ -91,9 +91,6 @@ std::optional<RangeBlock> nextRangeBlock(Text& text) {
 }
 
 Text checkRangeList(Text& text, RangeListKind kind, std::int64_t highest) {
-    if (text.empty() || text.back() != u'/') {
-        text += u'/';
-    }
     Text fault = faultInWriting(text);
     while (fault.empty()) {
         const auto block = nextRangeBlock(text);

@@ -2,6 +2,7 @@
 
 #include "edit/font_sizes.h"
 #include "edit/forms/grid_rows.h"
+#include "edit/forms/grid_target.h"
 #include "edit/forms/sheet_font.h"
 #include "edit/forms/view_table.h"
 #include "edit/sheet_rows.h"
@@ -28,10 +29,11 @@ FormVoice viewVoice() {
 
 frmGrid::frmGrid(const FormContext& context, const ViewActions& actions, QWidget* parent)
     : View(QStringLiteral("frmGrid"), u"表形式表示", viewVoice(), context, actions, parent),
-      rows_(new GridRows(context.zormod, this)) {
+      rows_(new GridRows(context.zormod, this)), target_(new GridTarget(context.zormod, this)) {
     addButton(QStringLiteral("Command1"), u"表示切り替え", [this] { actions_.switchView(0); });
     Label1 = addLabel(QStringLiteral("Label1"));
     Grid1 = makeViewTable(rows_, this);
+    Grid1->setItemDelegate(target_);
     addFocusable(*Grid1, Grid1->objectName(), u"表形式表示");
     connect(Grid1, &QTableView::clicked, this, [this](const QModelIndex& index) {
         context_.guard.run([&] {
@@ -84,15 +86,20 @@ void frmGrid::showCurrent() {
 }
 
 void frmGrid::paintMask(MaskKind kind, const CellRange& range) {
-    if (kind != MaskKind::target) {
-        range_ = range;
-        showCurrent();
+    if (kind == MaskKind::target) {
+        target_->set(range);
+        Grid1->viewport()->update();
+        return;
     }
+    range_ = range;
+    showCurrent();
 }
 
 void frmGrid::hideMask() {
     if (range_) {
         range_.reset();
+        target_->set({});
+        Grid1->viewport()->update();
         showCurrent();
     }
 }

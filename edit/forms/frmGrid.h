@@ -1,11 +1,13 @@
 #pragma once
-// The grid view: the window as a table of cells. A range is shown by the grid's own selection. Form1 owns it.
+// The grid view: the window as a table of cells. A range is shown by the grid's own selection, the place where it would
+// go in green. Form1 owns it.
 
 #include "edit/forms/view.h"
 
 #include <optional>
 
 class GridRows;
+class GridTarget;
 class QLabel;
 class QTableView;
 
@@ -34,5 +36,6 @@ private:
     QLabel* Label1; ///< data of the current cell
     QTableView* Grid1;
     GridRows* rows_;
+    GridTarget* target_;
     std::optional<CellRange> range_; ///< what is selected, also outside the window
 };

@@ -15,17 +15,6 @@
 
 namespace {
 
-QColor maskColour(MaskKind kind) {
-    switch (kind) {
-    case MaskKind::wholes:
-        return QColor(0xFF, 0x00, 0x00);
-    case MaskKind::block:
-        return QColor(0xFF, 0xC0, 0xC0);
-    default:
-        return QColor(0x00, 0xFF, 0x00);
-    }
-}
-
 FormVoice sheetVoice() {
     return {.description = [] { return Text(u"ﾃﾞｰﾀ入力ボックスの下にあるｽﾌﾟﾚｯﾄﾞｼｰﾄにﾌｫｰｶｽがあります。"); },
             .captionFirst = false};

@@ -29,6 +29,17 @@ bool isSpeakingKey(const KeyStroke& stroke) {
 
 } // namespace
 
+QColor maskColour(MaskKind kind) {
+    switch (kind) {
+    case MaskKind::wholes:
+        return QColor(0xFF, 0x00, 0x00);
+    case MaskKind::block:
+        return QColor(0xFF, 0xC0, 0xC0);
+    default:
+        return QColor(0x00, 0xFF, 0x00);
+    }
+}
+
 View::View(const QString& name, TextView caption, FormVoice voice, const FormContext& context,
            const ViewActions& actions, QWidget* parent)
     : QWidget(parent), context_(context), actions_(actions), spoken_(new SpokenForm(*this, context, std::move(voice))),

@@ -8,6 +8,7 @@
 #include "platform/text.h"
 #include "voice/forms/SpokenForm.h"
 
+#include <QColor>
 #include <QWidget>
 
 #include <functional>
@@ -23,6 +24,9 @@ struct ViewActions {
     std::function<void(std::int16_t rows)> rowsChanged; ///< the room there is, told at each change of size
     std::function<void()> cancelRange;                  ///< what was selected no longer holds
 };
+
+/// The colour of a mask. The letters on it are black in every palette.
+QColor maskColour(MaskKind kind);
 
 /// A view.
 class View : public QWidget {

@@ -122,6 +122,7 @@ TEST(Form5, OkMovesToTheFirstChosenItemAndEnterStaysAmongThem) {
     EXPECT_EQ(desk.text("Label11"), "全項目(0～3)");
     desk.key(plainKey(Key::enter));
     EXPECT_EQ(desk.zormod.position.curItem, 2);
+    EXPECT_EQ(desk.text("Label11"), "全項目");
 }
 
 TEST(Form5, EscAndTheCloseBoxGiveUp) {

@@ -1,37 +1,13 @@
 // Ranges as a user draws them: from the input box by the keys that begin one, step by step in the small form, and back.
 
 #include "structure/clip_file.h"
-#include "support/qt/view_desk.h"
+#include "support/qt/range_desk.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTableView>
 
-#include <gtest/gtest.h>
-
-namespace {
-
-using Said = std::vector<std::string>;
-
-/// The view desk with short names for what is looked at.
-struct RangeDesk : ViewDesk {
-    bool isDrawing() { return formTable.isLoaded(u"frmHANI"); }
-    /// Kind and ends of the selection.
-    std::vector<int> range() const {
-        const Selection& s = zormod.selection;
-        return {s.selectionKind, s.selRecordFrom, s.selRecordTo, s.selItemFrom, s.selItemTo};
-    }
-    std::string field(const char* name) {
-        return static_cast<QLineEdit*>(control(QLatin1StringView(name)))->text().toStdString();
-    }
-    Said fields() { return {field("Text1"), field("Text2"), field("Text3"), field("Text4")}; }
-};
-
-using Ends = std::vector<int>;
-
-} // namespace
+#include <gmock/gmock.h>
 
 TEST(frmHANI, ComesUpWithTheKindsTitlePromptAndFields) {
     struct Kind {
@@ -135,6 +111,90 @@ TEST(frmHANI, EveryMovingKeyOfTheTableMoves) {
     EXPECT_EQ(desk.place(), std::pair(1, 0));
     EXPECT_EQ(desk.field("Text5"), "");
     EXPECT_EQ(desk.focus(), "Text5");
+}
+
+TEST(frmHANI, EveryStepOfABlockIsSaid) {
+    RangeDesk desk;
+    desk.keysDown({plainKey(Key::down), plainKey(Key::right), shiftKey(Key::left)});
+    struct Step {
+        KeyStroke key;
+        const char* said;
+    };
+    for (const Step& step :
+         {Step{plainKey(Key::down),
+               "ｷﾞｮｳ3 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは山田．ﾞｮｳ2から3 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{plainKey(Key::right),
+               "ｷﾞｮｳ3 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは42．ﾞｮｳ2から3 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{plainKey(Key::up),
+               "ｷﾞｮｳ2 ｺｳﾓｸ2 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは42．ﾞｮｳ2から2 および.ｺｳﾓｸ1から2のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{plainKey(Key::left),
+               "ｷﾞｮｳ2 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは山田．ﾞｮｳ2から2 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{ctrlKey(Key::right),
+               "ｷﾞｮｳ2 ｺｳﾓｸ4 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはx．ﾞｮｳ2から2 および.ｺｳﾓｸ1から4のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{ctrlKey(Key::down),
+               "ｷﾞｮｳ40 ｺｳﾓｸ4 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータはx．ﾞｮｳ2から40 および.ｺｳﾓｸ1から4のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{ctrlKey(Key::left),
+               "ｷﾞｮｳ40 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは山田．ﾞｮｳ2から40 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{ctrlKey(Key::up),
+               "ｷﾞｮｳ1 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは山田．ﾞｮｳ2から1 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{plainKey(Key::pageUp),
+               "ｷﾞｮｳ1 ｺｳﾓｸ1 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは山田．ﾞｮｳ2から1 および.ｺｳﾓｸ1から1のﾀｲｶｸﾊﾝｲ指定ずみ"},
+          Step{ctrlShiftKey(Key::t),
+               "ｷﾞｮｳ1 ｺｳﾓｸ0 .ﾀｲｶｸﾊﾝｲ指定中．今のセルデータは1．ﾞｮｳ2から1 および.ｺｳﾓｸ1から0のﾀｲｶｸﾊﾝｲ指定ずみ"}}) {
+        EXPECT_EQ(desk.spokenBy(step.key), Said{step.said});
+    }
+    EXPECT_EQ(desk.world.beeper.count, 2) << "the page and the five items ended at an edge";
+}
+
+TEST(frmHANI, AnEmptyCellIsSaidAsBlank) {
+    RangeDesk desk;
+    desk.zormod.window.recordWindow[2].replace(3, 10, "          ");
+    desk.key(plainKey(Key::right));
+    EXPECT_EQ(desk.spokenBy(altKey(Key::right)),
+              Said{"ｺｳﾓｸ1.ｺｳﾓｸﾊﾝｲ指定中．今のセルデータはブランク．ｺｳﾓｸ1から1指定ずみ"});
+}
+
+TEST(frmHANI, ARangeOfRecordsStopsTwoShortOfTheEndAtAPageAndAtTheEndAtAStep) {
+    RangeDesk desk;
+    desk.keysDown({ctrlKey(Key::down), altKey(Key::up)});
+    for (const KeyStroke& stroke : {plainKey(Key::down), ctrlKey(Key::down)}) {
+        EXPECT_EQ(desk.spokenBy(stroke), Said{"ｷﾞｮｳ40.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ40から40指定ずみ"});
+    }
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::pageDown)),
+              Said{"ｷﾞｮｳ38.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ40から38指定ずみ"});
+    EXPECT_EQ(desk.world.beeper.count, 0);
+    desk.key(plainKey(Key::enter));
+    EXPECT_EQ(desk.range(), (Ends{2, 38, 40, 0, 4}));
+}
+
+TEST(frmHANI, TheCardViewRefusesARangeAndSaysSo) {
+    for (const KeyStroke& stroke : {shiftKey(Key::down), shiftKey(Key::left), altKey(Key::up), altKey(Key::right)}) {
+        RangeDesk desk;
+        desk.press("frmSHEET", "Command3");
+        desk.spoken();
+        desk.inNextModal([&] {
+            EXPECT_EQ(desk.title(), "注意");
+            EXPECT_THAT(desk.spoken(), testing::Contains(testing::HasSubstr("個別記録表示中は範囲の指定は出来ません")));
+            desk.key(plainKey(Key::enter));
+        });
+        desk.key(stroke);
+        EXPECT_FALSE(desk.isDrawing());
+        EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
+        EXPECT_EQ(desk.focus(), "txtinputbox");
+    }
+}
+
+TEST(frmHANI, OnTheNewRecordARangeBeeps) {
+    RangeDesk desk;
+    desk.keysDown({ctrlKey(Key::down), plainKey(Key::down)});
+    ASSERT_EQ(desk.place(), std::pair(41, 0));
+    for (const KeyStroke& stroke : {shiftKey(Key::up), shiftKey(Key::right), altKey(Key::down), altKey(Key::left)}) {
+        desk.world.beeper.count = 0;
+        desk.key(stroke);
+        EXPECT_EQ(desk.world.beeper.count, 1);
+        EXPECT_FALSE(desk.isDrawing());
+        EXPECT_EQ(desk.place(), std::pair(41, 0));
+    }
 }
 
 TEST(frmHANI, TheReadingKeysSayCellDataGuideAndRow) {
@@ -333,34 +393,6 @@ TEST(frmHANI, TheKeyBoxTakesNoInputMethodAndTypesNothing) {
     EXPECT_EQ(desk.field("Text5"), "");
 }
 
-TEST(frmHANI, AFixedRangeIsReadByShiftAndGivenUpByALetterThatIsNotTyped) {
-    RangeDesk desk;
-    desk.key(plainKey(Key::right));
-    desk.key(shiftKey(Key::down));
-    desk.key(plainKey(Key::down));
-    desk.key(plainKey(Key::enter));
-    const Said read = desk.spokenBy(plainKey(Key::shift));
-    ASSERT_FALSE(read.empty());
-    EXPECT_EQ(read[0], "山田次記録山田次記録たいかく範囲あり");
-    EXPECT_EQ(desk.range(), (Ends{1, 1, 2, 1, 1}));
-    desk.keys.type(u"x");
-    desk.settle();
-    EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
-    EXPECT_EQ(desk.text("txtinputbox"), "");
-    EXPECT_FALSE(desk.sheet("LblMUSK")->isVisible());
-    desk.keys.type(u"x");
-    EXPECT_EQ(desk.text("txtinputbox"), "x");
-}
-
-TEST(frmHANI, ACommittedTextOfAnInputMethodGivesAFixedRangeUp) {
-    RangeDesk desk;
-    desk.key(altKey(Key::down));
-    desk.key(plainKey(Key::enter));
-    desk.keys.compose(u"あ");
-    desk.settle();
-    EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
-}
-
 TEST(frmHANI, ShiftRightInABoxWithTextSelectsText) {
     RangeDesk desk;
     desk.key(plainKey(Key::right));
@@ -402,84 +434,4 @@ TEST(frmHANI, ARangeOfWholeItemsCoversTheColumnsOfAllRecordsInTheWindow) {
     EXPECT_EQ(mask.top(), 0);
     EXPECT_EQ(mask.height(), desk.zormod.position.windowRows * desk.rowHeight());
     EXPECT_EQ(mask.width(), desk.cellWidth() / 10 * 13);
-}
-
-namespace {
-
-/// The range desk in the grid view.
-struct GridDesk : RangeDesk {
-    GridDesk() {
-        zormod.display.viewMode = 2;
-        form.redrawView();
-        settle();
-        grid = static_cast<QTableView*>(partOf("frmGrid", "Grid1"));
-    }
-    /// First and last row and column of what is selected, the rows as record numbers.
-    Ends selected() const {
-        const QItemSelection selection = grid->selectionModel()->selection();
-        if (selection.size() != 1) {
-            return {};
-        }
-        const int first = zormod.position.windowFirst;
-        return {selection[0].top() + first, selection[0].bottom() + first, selection[0].left(), selection[0].right()};
-    }
-    QTableView* grid;
-};
-
-} // namespace
-
-TEST(GridRange, IsTheGridsOwnSelection) {
-    GridDesk desk;
-    desk.key(plainKey(Key::right));
-    EXPECT_EQ(desk.selected(), (Ends{1, 1, 1, 1}));
-    desk.key(shiftKey(Key::down));
-    desk.key(plainKey(Key::down));
-    desk.key(plainKey(Key::right));
-    EXPECT_EQ(desk.selected(), (Ends{1, 2, 1, 2}));
-    desk.key(plainKey(Key::enter));
-    EXPECT_EQ(desk.selected(), (Ends{1, 2, 1, 2}));
-    desk.form.redrawView();
-    desk.form.redrawCurrentRow();
-    EXPECT_EQ(desk.selected(), (Ends{1, 2, 1, 2}));
-    desk.key(plainKey(Key::x));
-    EXPECT_EQ(desk.selected(), (Ends{2, 2, 2, 2}));
-}
-
-TEST(GridRange, FollowsTheWindow) {
-    GridDesk desk;
-    desk.key(altKey(Key::down));
-    desk.key(plainKey(Key::down));
-    EXPECT_EQ(desk.selected(), (Ends{1, 2, 0, 4}));
-    desk.key(ctrlKey(Key::down));
-    EXPECT_GT(desk.zormod.position.windowFirst, 1);
-    EXPECT_EQ(desk.selected(), (Ends{desk.zormod.position.windowFirst, 40, 0, 4}));
-    desk.key(plainKey(Key::escape));
-    EXPECT_EQ(desk.selected(), (Ends{40, 40, 0, 0}));
-}
-
-TEST(GridRange, OfWholeItemsHasAllRowsOfTheFileAndNoneBehindIt) {
-    GridDesk desk;
-    desk.key(altKey(Key::right));
-    desk.key(ctrlKey(Key::down));
-    const int lastShown = std::min(40, desk.zormod.position.windowFirst + desk.zormod.position.windowRows - 1);
-    EXPECT_EQ(desk.selected(), (Ends{desk.zormod.position.windowFirst, lastShown, 0, 0}));
-}
-
-TEST(GridRange, AClickWhileDrawingLeavesItAsItIs) {
-    GridDesk desk;
-    desk.key(altKey(Key::down));
-    QTest::mouseClick(desk.grid->viewport(), Qt::LeftButton, {},
-                      desk.grid->visualRect(desk.grid->model()->index(5, 1)).center());
-    desk.settle();
-    EXPECT_EQ(desk.selected(), (Ends{1, 1, 0, 4}));
-    EXPECT_TRUE(desk.isDrawing());
-}
-
-TEST(GridRange, ASwitchOfTheViewCancelsTheDrawing) {
-    GridDesk desk;
-    desk.key(altKey(Key::down));
-    desk.press("frmGrid", "Command1");
-    EXPECT_FALSE(desk.isDrawing());
-    EXPECT_EQ(desk.range(), (Ends{0, 0, 0, 0, 0}));
-    EXPECT_EQ(desk.zormod.display.viewMode, 0);
 }

@@ -1,5 +1,6 @@
 // The input helpers at the desk: the pinned item, ID numbers, the input limit, the list of items, by keys.
 
+#include "start/table_opening.h"
 #include "support/qt/start_desk.h"
 
 #include <QDialog>
@@ -13,6 +14,8 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 namespace {
+
+using Said = std::vector<std::string>;
 
 /// A table of three items and three records, the current cell on record 1, item 0.
 struct HelperDesk : StartDesk {
@@ -209,6 +212,35 @@ TEST(InputLimitKeys, TheLettersOfTheLabelAreBlackOnItsColour) {
     desk.answer(u"2");
     desk.key(ctrlKey(Key::b));
     EXPECT_EQ(desk.part("Label8")->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+}
+
+TEST(InputLimitKeys, SpaceAndEndHoldTheLimitBackAndRestoreIt) {
+    HelperDesk desk;
+    EXPECT_EQ(desk.text("Label8"), "字数制限:項目幅") << "as the table was opened";
+    desk.answer(u"3");
+    desk.key(ctrlKey(Key::b));
+    const Said suspended{"入力字数制限を一時解除します。もう一度スペースｷｰを叩くと入力字数制限が復活します"};
+    const Said restored{"入力字数制限を復活します。入力字数制限:3"};
+    desk.key(plainKey(Key::right));
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::end)), suspended);
+    EXPECT_EQ(desk.text("Label8"), "入力字数制限一時解除");
+    desk.keys.type(u"abcd");
+    EXPECT_EQ(desk.text("txtinputbox"), "abcd") << "longer than the limit";
+    desk.key(plainKey(Key::escape));
+    EXPECT_EQ(desk.spokenBy(plainKey(Key::space)), restored);
+    EXPECT_EQ(desk.text("Label8"), "入力字数制限:3");
+    EXPECT_EQ(desk.text("txtinputbox"), "");
+    desk.keys.type(u"abc");
+    EXPECT_EQ(desk.cell(1), "abc       ");
+    EXPECT_EQ(desk.zormod.position.curItem, 2);
+}
+
+TEST(InputLimitKeys, ATableOpensWithTheLimitInForceInItsLabel) {
+    HelperDesk desk;
+    desk.answer(u"3");
+    desk.key(ctrlKey(Key::b));
+    desk.guard.run([&] { desk.commands.run(showOpenedTableCommand); });
+    EXPECT_EQ(desk.text("Label8"), "制限字数:3");
 }
 
 TEST(ItemListForm, SaysItselfOnEnteringAndItsLinesByTheArrows) {

@@ -111,4 +111,17 @@ struct EditWorld : TestWorld {
     InputBox box{edit};
 };
 
+/// The edit screen on a table of numbered records.
+struct NumberedWorld : EditWorld {
+    /// Where the current cell is.
+    struct Place {
+        std::int32_t record;
+        std::int16_t item;
+    };
+    explicit NumberedWorld(int records, Place place = {1, 0}, std::int16_t speechMode = 0) {
+        numbered(records, speechMode);
+        stand(place.record, place.item);
+    }
+};
+
 using Spoken = std::vector<std::string>;

@@ -36,9 +36,7 @@ TEST(InputBox, EnterReplacesTheCellAndGoesOn) {
 }
 
 TEST(InputBox, EnterInAnEmptyBoxLeavesTheCellAndGoesOn) {
-    EditWorld world;
-    world.numbered(2);
-    world.stand(1, 2);
+    NumberedWorld world(2, {1, 2});
     world.enter();
     EXPECT_EQ(world.record(), 2);
     EXPECT_EQ(world.item(), 0);
@@ -46,9 +44,7 @@ TEST(InputBox, EnterInAnEmptyBoxLeavesTheCellAndGoesOn) {
 }
 
 TEST(InputBox, EnterWritesABoxOfBlanksAndDownDoesNotCommitIt) {
-    EditWorld world;
-    world.numbered(2);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1});
     world.type(u"   ");
     world.press(Key::down);
     world.press(Key::up);
@@ -59,16 +55,13 @@ TEST(InputBox, EnterWritesABoxOfBlanksAndDownDoesNotCommitIt) {
 }
 
 TEST(InputBox, OtherCharactersGoIntoTheBox) {
-    EditWorld world;
-    world.numbered(2);
+    NumberedWorld world(2);
     EXPECT_EQ(world.box.keyPress(u'a'), KeyOutcome::goesOn);
     EXPECT_EQ(world.box.keyPress(u'\r'), KeyOutcome::taken);
 }
 
 TEST(InputBox, RightAlignedCellsAreAlignedByTheByte) {
-    EditWorld world;
-    world.numbered(2);
-    world.stand(1, 2);
+    NumberedWorld world(2, {1, 2});
     world.type(u"7");
     world.enter();
     world.press(Key::up);
@@ -76,8 +69,7 @@ TEST(InputBox, RightAlignedCellsAreAlignedByTheByte) {
 }
 
 TEST(InputBox, TheEchoCopiesWhatIsTyped) {
-    EditWorld world;
-    world.numbered(2);
+    NumberedWorld world(2);
     world.type(u"ab");
     EXPECT_EQ(utf8(world.screen.echo), "ab");
     EXPECT_TRUE(world.screen.echoTyping);
@@ -86,9 +78,7 @@ TEST(InputBox, TheEchoCopiesWhatIsTyped) {
 }
 
 TEST(InputBox, TypingIsSpokenWithTheBytesThatAreLeft) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 1);
     world.type(u"x");
     EXPECT_EQ(world.takeSpoken(), Spoken{"ｴｯｸｽ ざん9バイト"});
     world.later();
@@ -106,9 +96,7 @@ TEST(InputBox, TypingIsSpokenWithTheBytesThatAreLeft) {
 }
 
 TEST(InputBox, ADroppedReadingIsNotMadeUpFor) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 1);
     world.type(u"ab");
     world.later();
     world.type(u"c");
@@ -116,9 +104,7 @@ TEST(InputBox, ADroppedReadingIsNotMadeUpFor) {
 }
 
 TEST(InputBox, ExactlyTheInhibitTimeIsDroppedToo) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 1);
     world.zormod.speech.inhibitSeconds = 0.25;
     world.type(u"a");
     world.clock.now += 0.25;
@@ -127,9 +113,7 @@ TEST(InputBox, ExactlyTheInhibitTimeIsDroppedToo) {
 }
 
 TEST(InputBox, FillingAnItemCommitsItAndMovesOnWithoutAReading) {
-    EditWorld world;
-    world.numbered(2, 2);
-    world.stand(1, 2);
+    NumberedWorld world(2, {1, 2}, 2);
     world.type(u"12");
     world.takeSpoken();
     world.later();
@@ -147,9 +131,7 @@ TEST(InputBox, FillingAnItemCommitsItAndMovesOnWithoutAReading) {
 }
 
 TEST(InputBox, BlanksThatFillTheLastItemBehindTheEndLeaveAnEmptyBox) {
-    EditWorld world;
-    world.numbered(1);
-    world.stand(2, 2);
+    NumberedWorld world(1, {2, 2});
     world.type(u"   ");
     EXPECT_EQ(world.beeper.count, 1);
     EXPECT_EQ(world.record(), 2);
@@ -157,9 +139,7 @@ TEST(InputBox, BlanksThatFillTheLastItemBehindTheEndLeaveAnEmptyBox) {
 }
 
 TEST(InputBox, AnItemThatFillsARowThatCannotBeWrittenStaysInTheBox) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 2);
+    NumberedWorld world(2, {1, 2}, 1);
     world.type(u"12");
     std::filesystem::remove(world.folder.path() + "/t.txt");
     EXPECT_THROW(world.type(u"3"), RuntimeFailure);
@@ -269,9 +249,7 @@ TEST(InputBox, EmptyingTheBoxCommitsNothingInAnItemOfNoWidth) {
 }
 
 TEST(InputBox, ChangesDuringACommitAreClearedAndNotRead) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 1);
     world.edit.commitBusy = true;
     world.box.change(u"abc");
     EXPECT_EQ(world.typed(), "");
@@ -280,9 +258,7 @@ TEST(InputBox, ChangesDuringACommitAreClearedAndNotRead) {
 }
 
 TEST(InputBox, DownAfterTypingSaysTheCellItComesTo) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1}, 1);
     world.type(u"abc");
     world.later();
     world.takeSpoken();
@@ -292,9 +268,7 @@ TEST(InputBox, DownAfterTypingSaysTheCellItComesTo) {
 }
 
 TEST(InputBox, EscWithTextOnlyClearsTheBox) {
-    EditWorld world;
-    world.numbered(2, 1);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 1);
     world.type(u"ab");
     world.takeSpoken();
     world.later();
@@ -306,9 +280,7 @@ TEST(InputBox, EscWithTextOnlyClearsTheBox) {
 }
 
 TEST(InputBox, EscInAnEmptyBoxWritesTheRowAndEndsInOrderWithSpeechOn) {
-    EditWorld world;
-    world.numbered(2, 2);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 2);
     world.type(u"new");
     world.enter();
     world.takeSpoken();
@@ -320,9 +292,7 @@ TEST(InputBox, EscInAnEmptyBoxWritesTheRowAndEndsInOrderWithSpeechOn) {
 }
 
 TEST(InputBox, EscWithSpeechOffEndsAtOnceAndLeavesTheOldMode) {
-    EditWorld world;
-    world.numbered(2, 0);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1});
     world.type(u"new");
     world.enter();
     world.writeFile("zorTalk", "1");
@@ -335,17 +305,14 @@ TEST(InputBox, EscWithSpeechOffEndsAtOnceAndLeavesTheOldMode) {
 }
 
 TEST(InputBox, ASecondEscEndsTheProgram) {
-    EditWorld world;
-    world.numbered(2, 0);
+    NumberedWorld world(2);
     world.type(u"ab");
     EXPECT_EQ(endBy(world, Key::escape), std::nullopt);
     EXPECT_EQ(endBy(world, Key::escape), EndKind::atOnce);
 }
 
 TEST(InputBox, EscWhoseRowCannotBeWrittenDoesNotEndTheProgram) {
-    EditWorld world;
-    world.numbered(2, 2);
-    world.stand(1, 1);
+    NumberedWorld world(2, {1, 1}, 2);
     world.type(u"new");
     world.enter();
     world.takeSpoken();
@@ -369,8 +336,7 @@ TEST(InputBox, WithoutATableTypingIsSpokenAsTextAndKeysBeep) {
 }
 
 TEST(InputBox, KeyDownDoesNothingWhileTheCaretIsBeingPlaced) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.edit.keyIgnore = true;
     EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::goesOn);
     EXPECT_EQ(world.record(), 1);
@@ -378,8 +344,7 @@ TEST(InputBox, KeyDownDoesNothingWhileTheCaretIsBeingPlaced) {
 }
 
 TEST(InputBox, AKeyWhileARangeIsDrawnGoesBackToItsFormAndIsUsedUp) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.taskWord = u"HTYU";
     EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::taken);
     EXPECT_EQ(world.down(plainKey(Key::escape)), KeyOutcome::taken);
@@ -388,8 +353,7 @@ TEST(InputBox, AKeyWhileARangeIsDrawnGoesBackToItsFormAndIsUsedUp) {
 }
 
 TEST(InputBox, AKeyLetGoWhileARangeIsDrawnIsAStepOfIt) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.zormod.taskWord = u"HTYU";
     world.up(shiftKey(Key::down));
     world.up(plainKey(Key::shift));
@@ -398,8 +362,7 @@ TEST(InputBox, AKeyLetGoWhileARangeIsDrawnIsAStepOfIt) {
 }
 
 TEST(InputBox, KeysDoNothingWhileATargetOfAMoveIsChosen) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     for (const TextView word : {u"moveitem", u"moverecord"}) {
         world.zormod.taskWord = Text(word);
         EXPECT_EQ(world.down(plainKey(Key::down)), KeyOutcome::goesOn);

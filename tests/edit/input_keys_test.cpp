@@ -5,8 +5,7 @@
 namespace {
 
 TEST(InputKeys, LeftAndRightMoveTheCellInAnEmptyBoxOnly) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     EXPECT_EQ(world.press(Key::right), KeyOutcome::taken);
     EXPECT_EQ(world.item(), 1);
     EXPECT_EQ(world.press(Key::left), KeyOutcome::taken);
@@ -19,8 +18,7 @@ TEST(InputKeys, LeftAndRightMoveTheCellInAnEmptyBoxOnly) {
 }
 
 TEST(InputKeys, ABoxOfBlanksCountsAsEmpty) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.type(u" ");
     EXPECT_EQ(world.press(Key::right), KeyOutcome::taken);
     EXPECT_EQ(world.item(), 1);
@@ -28,9 +26,7 @@ TEST(InputKeys, ABoxOfBlanksCountsAsEmpty) {
 }
 
 TEST(InputKeys, UpAndDownCommitWhatIsTyped) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(3, 1);
+    NumberedWorld world(5, {3, 1});
     world.type(u"down");
     EXPECT_EQ(world.press(Key::down), KeyOutcome::taken);
     EXPECT_EQ(world.record(), 4);
@@ -43,8 +39,7 @@ TEST(InputKeys, UpAndDownCommitWhatIsTyped) {
 }
 
 TEST(InputKeys, InsertAndDeleteShiftTheCellsInAnEmptyBox) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     EXPECT_EQ(world.press(Key::insert), KeyOutcome::taken);
     EXPECT_EQ(world.press(Key::del), KeyOutcome::taken);
     EXPECT_EQ(world.commandsRun(), (Spoken{"shiftCellsRight", "shiftCellsLeft"}));
@@ -56,9 +51,7 @@ TEST(InputKeys, InsertAndDeleteShiftTheCellsInAnEmptyBox) {
 }
 
 TEST(InputKeys, CtrlShiftInsPutsTheRowOnTheDiskAndInserts) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     world.type(u"new");
     EXPECT_EQ(world.press(ctrlShiftKey(Key::insert)), KeyOutcome::taken);
     EXPECT_EQ(world.onDisk(2), "    new          ");
@@ -66,8 +59,7 @@ TEST(InputKeys, CtrlShiftInsPutsTheRowOnTheDiskAndInserts) {
 }
 
 TEST(InputKeys, TheKeypadWithCtrlNamesTheFormula) {
-    EditWorld world;
-    world.numbered(1);
+    NumberedWorld world(1);
     EXPECT_EQ(world.press(ctrlKey(Key::keypad0)), KeyOutcome::taken);
     EXPECT_EQ(world.press(ctrlKey(Key::keypad9)), KeyOutcome::taken);
     EXPECT_EQ(world.press(ctrlKey(Key::digit9)), KeyOutcome::goesOn);
@@ -85,9 +77,7 @@ TEST(InputKeys, EveryKeypadDigitHasItsFormula) {
 }
 
 TEST(InputKeys, TheWidthKeysWriteTheRowFirst) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     commitCell(world.zormod, u"new");
     EXPECT_EQ(world.press(shiftKey(Key::space)), KeyOutcome::taken);
     EXPECT_EQ(world.onDisk(2), "    new          ");
@@ -117,8 +107,7 @@ TEST(InputKeys, ATableThatFillsTheRecordCannotBeWidened) {
 }
 
 TEST(InputKeys, TheCardViewRefusesTheWidthKeys) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.display.viewMode = 1;
     world.dialogs.expectedMessages = 2;
     EXPECT_EQ(world.press(shiftKey(Key::space)), KeyOutcome::taken);
@@ -130,8 +119,7 @@ TEST(InputKeys, TheCardViewRefusesTheWidthKeys) {
 }
 
 TEST(InputKeys, KeysOutsideTheTableGoOn) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     for (const KeyStroke& stroke : {plainKey(Key::home), plainKey(Key::backspace), ctrlKey(Key::c), plainKey(Key::f3),
                                     shiftKey(Key::insert), ctrlShiftKey(Key::down), plainKey(Key::enter)}) {
         EXPECT_EQ(world.press(stroke), KeyOutcome::goesOn);
@@ -140,8 +128,7 @@ TEST(InputKeys, KeysOutsideTheTableGoOn) {
 }
 
 TEST(InputKeys, CtrlAltKeysDoNothing) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     EXPECT_EQ(world.press({Key::down, false, true, true}), KeyOutcome::goesOn);
     EXPECT_EQ(world.press({Key::right, true, true, true}), KeyOutcome::goesOn);
     EXPECT_EQ(world.record(), 1);
@@ -210,8 +197,7 @@ TEST(ReadingKeys, AnEmptyCellIsToldAsNotFilled) {
 }
 
 TEST(ReadingKeys, TheCaretIsReadInABoxWithText) {
-    EditWorld world;
-    world.numbered(1, 1);
+    NumberedWorld world(1, {1, 0}, 1);
     world.type(u"aB");
     world.forget();
     world.box.keyUp(plainKey(Key::left), {.text = u"aB", .caret = 1, .selectionStart = 1});
@@ -223,16 +209,14 @@ TEST(ReadingKeys, TheCaretIsReadInABoxWithText) {
 }
 
 TEST(ReadingKeys, KeysThatMovedTheCellAreSilentOnKeyUp) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     for (const Key key : {Key::left, Key::right, Key::up, Key::down, Key::pageUp, Key::pageDown}) {
         EXPECT_EQ(said(world, plainKey(key)), "");
     }
 }
 
 TEST(ReadingKeys, TheShiftKeyAloneReadsTheBox) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     EXPECT_EQ(said(world, plainKey(Key::shift)), "ブランク");
     world.type(u"ab");
     EXPECT_EQ(said(world, plainKey(Key::shift)), "ab");
@@ -240,8 +224,7 @@ TEST(ReadingKeys, TheShiftKeyAloneReadsTheBox) {
 }
 
 TEST(ReadingKeys, ASelectionIsReadAsItGrowsAndShrinks) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.type(u"abc");
     world.forget();
     const KeyStroke left = shiftKey(Key::left);
@@ -258,8 +241,7 @@ TEST(ReadingKeys, ASelectionIsReadAsItGrowsAndShrinks) {
 }
 
 TEST(ReadingKeys, TheyStayBehindTheThrottle) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.forget();
     world.up(shiftKey(Key::pageUp));
     world.up(shiftKey(Key::pageUp));

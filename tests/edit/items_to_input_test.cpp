@@ -96,6 +96,13 @@ TEST(ItemsToInput, AnItemThatIsNotChosenGivesWayToTheFirstChosenOne) {
     EXPECT_EQ(world.screen.redraws, 1);
 }
 
+TEST(ItemsToInput, TheLastItemMayBeTheOnlyChosenOne) {
+    ChoiceWorld world;
+    world.choose({3});
+    EXPECT_EQ(world.item(), 3);
+    EXPECT_EQ(world.label(), "3");
+}
+
 TEST(ItemsToInput, WhatIsTypedInAChosenItemStays) {
     ChoiceWorld world;
     world.stand(1, 2);
@@ -155,14 +162,17 @@ TEST(ItemsToInput, TheMenuEntryOpensTheForm) {
     ChoiceWorld world;
     mnuItem(world.edit);
     EXPECT_TRUE(world.forms.isLoaded(u"Form5"));
+    EXPECT_EQ(world.screen.focusCalls, 1) << "the input box says that it is back";
 }
 
 TEST(ItemsToInput, AllItemsAreTakenBackWithTheirOwnLabel) {
     ChoiceWorld world;
     world.choose({1});
     world.type(u"q");
+    world.forget();
     mnuWHOLE(world.edit);
     EXPECT_EQ(world.all(), 1);
+    EXPECT_EQ(world.screen.redraws, 1);
     EXPECT_EQ(world.label(), "全項目(0～3)");
     EXPECT_EQ(world.typed(), "q");
     EXPECT_EQ(world.marks(), "-Y--");

@@ -15,8 +15,7 @@ void itemJump(EditWorld& world, const Text& answer) {
 }
 
 TEST(Jumps, ARecordJumpAsksUnderItsTitleWithoutADefault) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     jump(world, u"3");
     ASSERT_EQ(world.dialogs.questions.size(), 1u);
     EXPECT_EQ(utf8(world.dialogs.questions[0].title), "指定記録へ移動");
@@ -27,9 +26,7 @@ TEST(Jumps, ARecordJumpAsksUnderItsTitleWithoutADefault) {
 }
 
 TEST(Jumps, PlusThreeOnRecord98Of100IsTheLastRecord) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(98, 1);
+    NumberedWorld world(100, {98, 1});
     jump(world, u"+3");
     EXPECT_EQ(world.record(), 100);
     EXPECT_EQ(world.beeper.count, 0);
@@ -38,9 +35,7 @@ TEST(Jumps, PlusThreeOnRecord98Of100IsTheLastRecord) {
 }
 
 TEST(Jumps, Minus200BeepsAndStays) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(98, 1);
+    NumberedWorld world(100, {98, 1});
     world.type(u"new");
     jump(world, u"-200");
     EXPECT_EQ(world.record(), 98);
@@ -49,9 +44,7 @@ TEST(Jumps, Minus200BeepsAndStays) {
 }
 
 TEST(Jumps, ZeroBeepsAndASmallStepBackMoves) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(98, 1);
+    NumberedWorld world(100, {98, 1});
     jump(world, u"0");
     EXPECT_EQ(world.beeper.count, 1);
     EXPECT_EQ(world.record(), 98);
@@ -62,8 +55,7 @@ TEST(Jumps, ZeroBeepsAndASmallStepBackMoves) {
 }
 
 TEST(Jumps, FullWidthAnswersAndBlanksRoundThemCount) {
-    EditWorld world;
-    world.numbered(100);
+    NumberedWorld world(100);
     jump(world, u" ４２ ");
     EXPECT_EQ(world.record(), 42);
     jump(world, u"＋３");
@@ -71,16 +63,13 @@ TEST(Jumps, FullWidthAnswersAndBlanksRoundThemCount) {
 }
 
 TEST(Jumps, ANumberOfAnySizeIsTheLastRecord) {
-    EditWorld world;
-    world.numbered(10);
+    NumberedWorld world(10);
     jump(world, u"99999999999");
     EXPECT_EQ(world.record(), 10);
 }
 
 TEST(Jumps, GivingUpStaysWithoutABeep) {
-    EditWorld world;
-    world.numbered(10);
-    world.stand(4, 2);
+    NumberedWorld world(10, {4, 2});
     jump(world, u"");
     itemJump(world, u"");
     EXPECT_EQ(world.record(), 4);
@@ -90,9 +79,7 @@ TEST(Jumps, GivingUpStaysWithoutABeep) {
 }
 
 TEST(Jumps, AJumpKeepsWhatIsTypedAndWritesTheRow) {
-    EditWorld world;
-    world.numbered(10);
-    world.stand(4, 1);
+    NumberedWorld world(10, {4, 1});
     world.type(u"new");
     jump(world, u"9");
     EXPECT_EQ(world.onDisk(4), "    new          ");
@@ -101,8 +88,7 @@ TEST(Jumps, AJumpKeepsWhatIsTypedAndWritesTheRow) {
 }
 
 TEST(Jumps, AJumpEndsTheTaskAndTheIdNumbering) {
-    EditWorld world;
-    world.numbered(10);
+    NumberedWorld world(10);
     world.zormod.taskWord = u"srch";
     world.zormod.input.idAutoOn = 1;
     jump(world, u"9");
@@ -112,8 +98,7 @@ TEST(Jumps, AJumpEndsTheTaskAndTheIdNumbering) {
 }
 
 TEST(Jumps, AJumpLeavesTheChoosingOfATargetAlone) {
-    EditWorld world;
-    world.numbered(10);
+    NumberedWorld world(10);
     world.zormod.taskWord = u"moveitem";
     itemJump(world, u"2");
     EXPECT_EQ(utf8(world.zormod.taskWord), "moveitem");
@@ -129,17 +114,14 @@ TEST(Jumps, AJumpInAnEmptyFileStaysOnRecordOne) {
 }
 
 TEST(Jumps, AJumpSaysTheRecordBeforeTheItemNumberHasChanged) {
-    EditWorld world;
-    world.numbered(10, 2);
-    world.stand(9, 2);
+    NumberedWorld world(10, {9, 2}, 2);
     mnuHOME(world.edit);
     EXPECT_EQ(world.takeSpoken(), Spoken{"n1 ､  ｷﾞｮｳ1 ｺｳﾓｸ2 氏名 .ﾃﾞｰﾀﾆｭｳﾘｮｸﾃｷｽﾄﾎﾞｯｸｽ"});
     EXPECT_EQ(utf8(world.edit.txtItemnum.text()), "1");
 }
 
 TEST(Jumps, AnItemJumpAsksUnderItsTitle) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     itemJump(world, u"2");
     EXPECT_EQ(utf8(world.dialogs.questions[0].title), "指定項目へ移動");
     EXPECT_EQ(utf8(world.dialogs.questions[0].prompt),
@@ -149,8 +131,7 @@ TEST(Jumps, AnItemJumpAsksUnderItsTitle) {
 }
 
 TEST(Jumps, AnItemJumpStopsAtTheEndsAndNeverBeeps) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     itemJump(world, u"999");
     EXPECT_EQ(world.item(), 2);
     itemJump(world, u"-9");
@@ -167,9 +148,7 @@ TEST(Jumps, AnItemJumpStopsAtTheEndsAndNeverBeeps) {
 }
 
 TEST(Jumps, AnItemJumpPutsWhatIsTypedInTheRowAndNotOnTheDisk) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 1);
+    NumberedWorld world(5, {2, 1});
     world.type(u"new");
     itemJump(world, u"2");
     EXPECT_EQ(world.cell(1), "new       ");
@@ -178,9 +157,7 @@ TEST(Jumps, AnItemJumpPutsWhatIsTypedInTheRowAndNotOnTheDisk) {
 }
 
 TEST(Jumps, TheEdgesOfTheFileCommitAndEndTheNumbering) {
-    EditWorld world;
-    world.numbered(50);
-    world.stand(25, 1);
+    NumberedWorld world(50, {25, 1});
     world.type(u"down");
     world.zormod.input.idAutoOn = 1;
     EXPECT_EQ(world.press(ctrlKey(Key::down)), KeyOutcome::taken);
@@ -200,9 +177,7 @@ TEST(Jumps, TheEdgesOfTheFileCommitAndEndTheNumbering) {
 }
 
 TEST(Jumps, TheLastRecordCountsTheRowJustTyped) {
-    EditWorld world;
-    world.numbered(2);
-    world.stand(3, 1);
+    NumberedWorld world(2, {3, 1});
     world.type(u"new");
     mnuEXTD(world.edit);
     EXPECT_EQ(world.record(), 3);
@@ -210,9 +185,7 @@ TEST(Jumps, TheLastRecordCountsTheRowJustTyped) {
 }
 
 TEST(Jumps, CtrlLeftDoesNotWriteTheRecordAndCtrlRightDoes) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 2);
+    NumberedWorld world(5, {2, 2});
     world.type(u"44");
     world.press(ctrlKey(Key::left));
     EXPECT_EQ(world.item(), 1);
@@ -225,18 +198,14 @@ TEST(Jumps, CtrlLeftDoesNotWriteTheRecordAndCtrlRightDoes) {
 }
 
 TEST(Jumps, CtrlRightWithNothingTypedLeavesTheDiskAlone) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 0);
+    NumberedWorld world(5, {2, 0});
     commitCell(world.zormod, u"id");
     world.press(ctrlKey(Key::right));
     EXPECT_EQ(world.onDisk(2, 4), "    ");
 }
 
 TEST(Jumps, HomeIsRecordOneItemOne) {
-    EditWorld world;
-    world.numbered(50);
-    world.stand(25, 2);
+    NumberedWorld world(50, {25, 2});
     world.type(u"5");
     mnuHOME(world.edit);
     EXPECT_EQ(world.record(), 1);
@@ -260,9 +229,7 @@ TEST(Jumps, ATableWithoutItemsHasItsFirstItemAtZero) {
 }
 
 TEST(Jumps, CtrlPGoesToItemOneOfTheNextRecordAndKeepsWhatIsTyped) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 2);
+    NumberedWorld world(5, {2, 2});
     world.type(u"7");
     mnuCTRLP(world.edit);
     EXPECT_EQ(world.record(), 3);
@@ -271,9 +238,7 @@ TEST(Jumps, CtrlPGoesToItemOneOfTheNextRecordAndKeepsWhatIsTyped) {
 }
 
 TEST(Jumps, PagesGoByTheRowsOfTheWindow) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(50, 1);
+    NumberedWorld world(100, {50, 1});
     world.zormod.input.idAutoOn = 1;
     world.type(u"new");
     EXPECT_EQ(world.press(Key::pageDown), KeyOutcome::taken);
@@ -287,9 +252,7 @@ TEST(Jumps, PagesGoByTheRowsOfTheWindow) {
 }
 
 TEST(Jumps, PagesBeepAtTheEdgesAndStandOnThem) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(20, 1);
+    NumberedWorld world(100, {20, 1});
     world.press(Key::pageUp);
     EXPECT_EQ(world.record(), 1);
     EXPECT_EQ(world.beeper.count, 1);
@@ -308,9 +271,7 @@ TEST(Jumps, PagesBeepAtTheEdgesAndStandOnThem) {
 }
 
 TEST(Jumps, APageWritesARowThatEnterHasChanged) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(50, 1);
+    NumberedWorld world(100, {50, 1});
     world.type(u"new");
     world.enter();
     world.press(Key::pageUp);
@@ -318,9 +279,7 @@ TEST(Jumps, APageWritesARowThatEnterHasChanged) {
 }
 
 TEST(Jumps, CtrlTCommitsNothingAndDropsWhatIsTyped) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 1);
+    NumberedWorld world(5, {2, 1});
     world.type(u"new");
     EXPECT_EQ(world.press(ctrlKey(Key::t)), KeyOutcome::taken);
     EXPECT_EQ(world.item(), 2);
@@ -333,9 +292,7 @@ TEST(Jumps, CtrlTCommitsNothingAndDropsWhatIsTyped) {
 }
 
 TEST(Jumps, CtrlShiftTGoesBackToTheIdAndBeepsThere) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 1);
+    NumberedWorld world(5, {2, 1});
     world.type(u"new");
     world.press(ctrlShiftKey(Key::t));
     EXPECT_EQ(world.item(), 0);

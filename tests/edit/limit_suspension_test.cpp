@@ -8,9 +8,7 @@ constexpr const char* suspended = "入力字数制限を一時解除します。
 constexpr const char* restored = "入力字数制限を復活します。入力字数制限:4";
 
 TEST(LimitSuspension, SpaceHoldsTheLimitBackAndItsBlankStays) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1}, 1);
     world.zormod.input.inputLimit = 4;
     world.space();
     EXPECT_EQ(world.zormod.input.inputLimit, 0);
@@ -21,9 +19,7 @@ TEST(LimitSuspension, SpaceHoldsTheLimitBackAndItsBlankStays) {
 }
 
 TEST(LimitSuspension, SpaceInAnEmptyBoxPutsItInForceAndItsBlankGoes) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1}, 1);
     world.edit.savedLimit = 4;
     world.space();
     EXPECT_EQ(world.zormod.input.inputLimit, 4);
@@ -34,9 +30,7 @@ TEST(LimitSuspension, SpaceInAnEmptyBoxPutsItInForceAndItsBlankGoes) {
 }
 
 TEST(LimitSuspension, ASecondSpaceAtOnceRestoresAndLeavesTwoBlanks) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1});
     world.zormod.input.inputLimit = 4;
     world.space();
     world.space();
@@ -45,8 +39,7 @@ TEST(LimitSuspension, ASecondSpaceAtOnceRestoresAndLeavesTwoBlanks) {
 }
 
 TEST(LimitSuspension, EndDoesTheSameWithoutABlank) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.input.inputLimit = 4;
     EXPECT_EQ(world.press(Key::end), KeyOutcome::goesOn);
     EXPECT_EQ(world.edit.savedLimit, 4);
@@ -55,9 +48,7 @@ TEST(LimitSuspension, EndDoesTheSameWithoutABlank) {
 }
 
 TEST(LimitSuspension, WithoutALimitSpaceIsABlank) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1}, 1);
     world.space();
     EXPECT_EQ(world.typed(), " ");
     EXPECT_EQ(utf8(world.edit.Label8), "字数制限:項目幅");
@@ -65,9 +56,7 @@ TEST(LimitSuspension, WithoutALimitSpaceIsABlank) {
 }
 
 TEST(LimitSuspension, SpaceInTypedTextIsABlank) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1});
     world.zormod.input.inputLimit = 6;
     world.type(u"a");
     world.space();
@@ -78,9 +67,7 @@ TEST(LimitSuspension, SpaceInTypedTextIsABlank) {
 }
 
 TEST(LimitSuspension, WhileItIsHeldBackTheItemIsTheLimit) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1});
     world.zormod.input.inputLimit = 2;
     world.press(Key::end);
     world.type(u"abcde");

@@ -9,8 +9,7 @@
 namespace {
 
 TEST(Movement, NextItemGoesThroughTheItemsFromTheId) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     nextItem(world.edit);
     EXPECT_EQ(world.item(), 1);
     nextItem(world.edit);
@@ -19,9 +18,7 @@ TEST(Movement, NextItemGoesThroughTheItemsFromTheId) {
 }
 
 TEST(Movement, NextItemBehindTheLastGoesToTheIdOfTheNextRecord) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 2);
+    NumberedWorld world(3, {1, 2});
     nextItem(world.edit);
     EXPECT_EQ(world.item(), 0);
     EXPECT_EQ(world.record(), 2);
@@ -30,9 +27,7 @@ TEST(Movement, NextItemBehindTheLastGoesToTheIdOfTheNextRecord) {
 }
 
 TEST(Movement, EnterOnTheLastItemOfTheLastRecordOpensANewRecordAndDownThereBeeps) {
-    EditWorld world;
-    world.numbered(2);
-    world.stand(2, 2);
+    NumberedWorld world(2, {2, 2});
     world.enter();
     EXPECT_EQ(world.record(), 3);
     EXPECT_EQ(world.item(), 0);
@@ -44,9 +39,7 @@ TEST(Movement, EnterOnTheLastItemOfTheLastRecordOpensANewRecordAndDownThereBeeps
 }
 
 TEST(Movement, NextItemAtTheVeryEndSetsTheIdAndBeepsWithoutAStatusUpdate) {
-    EditWorld world;
-    world.numbered(1);
-    world.stand(2, 2);
+    NumberedWorld world(1, {2, 2});
     nextItem(world.edit);
     EXPECT_EQ(world.beeper.count, 1);
     EXPECT_EQ(world.item(), 0);
@@ -68,8 +61,7 @@ TEST(Movement, TheFileGrowsByTypingInTheRecordBehindItsEnd) {
 }
 
 TEST(Movement, SteppingPastTheEndAndBackDoesNotLengthenTheFile) {
-    EditWorld world;
-    world.numbered(2);
+    NumberedWorld world(2);
     const std::string before = world.bytesOf("t.txt");
     world.stand(2, 0);
     world.press(Key::down);
@@ -103,8 +95,7 @@ TEST(Movement, ABlankRecordInsideTheFileStays) {
 }
 
 TEST(Movement, UpOnRecordOneBeepsAndSaysNothingOfAMove) {
-    EditWorld world;
-    world.numbered(3, 2);
+    NumberedWorld world(3, {1, 0}, 2);
     prevRecord(world.edit);
     EXPECT_EQ(world.record(), 1);
     EXPECT_EQ(world.beeper.count, 1);
@@ -112,8 +103,7 @@ TEST(Movement, UpOnRecordOneBeepsAndSaysNothingOfAMove) {
 }
 
 TEST(Movement, LeftOnTheIdOfRecordOneBeeps) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     prevItem(world.edit);
     EXPECT_EQ(world.beeper.count, 1);
     EXPECT_EQ(world.item(), 0);
@@ -121,9 +111,7 @@ TEST(Movement, LeftOnTheIdOfRecordOneBeeps) {
 }
 
 TEST(Movement, LeftOnTheIdOfRecordFiveGoesToTheLastItemOfRecordFour) {
-    EditWorld world;
-    world.numbered(6);
-    world.stand(5, 0);
+    NumberedWorld world(6, {5, 0});
     world.press(Key::left);
     EXPECT_EQ(world.record(), 4);
     EXPECT_EQ(world.item(), 2);
@@ -132,9 +120,7 @@ TEST(Movement, LeftOnTheIdOfRecordFiveGoesToTheLastItemOfRecordFour) {
 }
 
 TEST(Movement, PrevItemLooksAtNoInputMarks) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 2);
+    NumberedWorld world(3, {1, 2});
     world.zormod.input.allItemsInput = 0;
     world.zormod.items.itemInputMark[2] = 1;
     prevItem(world.edit);
@@ -159,8 +145,7 @@ TEST(Movement, EnterGoesThroughTheChosenItemsOnly) {
 }
 
 TEST(Movement, ChosenItemsOfWhichNoneIsChosenGoToTheNextRecord) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.input.allItemsInput = 0;
     world.stand(1, 1);
     nextItem(world.edit);
@@ -169,8 +154,7 @@ TEST(Movement, ChosenItemsOfWhichNoneIsChosenGoToTheNextRecord) {
 }
 
 TEST(Movement, OneChosenItemIsFilledDownTheRecords) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.input.allItemsInput = 0;
     world.zormod.items.itemInputMark[1] = 1;
     world.stand(1, 1);
@@ -180,18 +164,14 @@ TEST(Movement, OneChosenItemIsFilledDownTheRecords) {
 }
 
 TEST(Movement, AStepDownPutsTheRecordInTheMiddleOfTheWindow) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(49, 0);
+    NumberedWorld world(100, {49, 0});
     nextRecord(world.edit);
     EXPECT_EQ(world.record(), 50);
     EXPECT_EQ(world.zormod.position.windowFirst, 41);
 }
 
 TEST(Movement, AStepUpScrollsAndKeepsTheRowOnTheScreen) {
-    EditWorld world;
-    world.numbered(100);
-    world.stand(50, 1);
+    NumberedWorld world(100, {50, 1});
     prevRecord(world.edit);
     EXPECT_EQ(world.record(), 49);
     EXPECT_EQ(world.zormod.position.windowFirst, 40);
@@ -199,9 +179,7 @@ TEST(Movement, AStepUpScrollsAndKeepsTheRowOnTheScreen) {
 }
 
 TEST(Movement, AStepUpAtTheTopOfTheFileMovesTheCurrentRowOnly) {
-    EditWorld world;
-    world.numbered(30);
-    world.stand(5, 1);
+    NumberedWorld world(30, {5, 1});
     prevRecord(world.edit);
     EXPECT_EQ(world.record(), 4);
     EXPECT_EQ(world.zormod.position.windowFirst, 1);
@@ -209,8 +187,7 @@ TEST(Movement, AStepUpAtTheTopOfTheFileMovesTheCurrentRowOnly) {
 }
 
 TEST(Movement, AStepUpOutOfTheWindowIsUndoneWithABeep) {
-    EditWorld world;
-    world.numbered(30);
+    NumberedWorld world(30);
     world.zormod.position.windowRows = 2;
     world.stand(5, 0);
     world.zormod.input.idAutoOn = 1;
@@ -222,8 +199,7 @@ TEST(Movement, AStepUpOutOfTheWindowIsUndoneWithABeep) {
 }
 
 TEST(Movement, TheSmallestWindowOfTheViewsStillLetsTheRecordGoUp) {
-    EditWorld world;
-    world.numbered(20);
+    NumberedWorld world(20);
     world.zormod.position.windowRows = 4;
     world.stand(10, 0);
     nextRecord(world.edit);
@@ -234,8 +210,7 @@ TEST(Movement, TheSmallestWindowOfTheViewsStillLetsTheRecordGoUp) {
 }
 
 TEST(Movement, AFullWindowOfAHundredRowsStepsToTheNewRecord) {
-    EditWorld world;
-    world.numbered(100);
+    NumberedWorld world(100);
     world.zormod.position.windowRows = 100;
     world.stand(1, 0);
     world.zormod.position.curRecord = 100;
@@ -245,9 +220,7 @@ TEST(Movement, AFullWindowOfAHundredRowsStepsToTheNewRecord) {
 }
 
 TEST(Movement, StepsWriteTheRowThatIsLeft) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     world.type(u"new");
     world.enter();
     EXPECT_EQ(world.onDisk(2), "    n2           ");
@@ -256,8 +229,7 @@ TEST(Movement, StepsWriteTheRowThatIsLeft) {
 }
 
 TEST(Movement, AStepLeavesTheFocusInTheEmptyBox) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.type(u"x");
     world.screen.focus = PanelField::Text1;
     nextRecord(world.edit);
@@ -267,9 +239,7 @@ TEST(Movement, AStepLeavesTheFocusInTheEmptyBox) {
 }
 
 TEST(Movement, AStepBackShowsTheCellInTheEcho) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1});
     world.type(u"x");
     prevItem(world.edit);
     EXPECT_EQ(world.typed(), "");
@@ -277,8 +247,7 @@ TEST(Movement, AStepBackShowsTheCellInTheEcho) {
 }
 
 TEST(Movement, IdNumbersGoUpWithEachRecord) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.input.idAutoOn = 1;
     world.zormod.input.idAutoValue = 7;
     nextRecord(world.edit);
@@ -348,9 +317,7 @@ TEST(Movement, WithoutATableEveryStepBeeps) {
 }
 
 TEST(Movement, ARowThatCannotBeWrittenIsThrownBeforeAnythingMoves) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     world.type(u"new");
     std::filesystem::remove(world.folder.path() + "/t.txt");
     try {
@@ -367,9 +334,7 @@ TEST(Movement, ARowThatCannotBeWrittenIsThrownBeforeAnythingMoves) {
 }
 
 TEST(Movement, WhileARangeIsDrawnNothingGoesToTheDiskOrTheScreen) {
-    EditWorld world;
-    world.numbered(30);
-    world.stand(5, 1);
+    NumberedWorld world(30, {5, 1});
     world.type(u"new");
     commitCell(world.zormod, u"new");
     world.forget();
@@ -386,8 +351,7 @@ TEST(Movement, WhileARangeIsDrawnNothingGoesToTheDiskOrTheScreen) {
 }
 
 TEST(Movement, MovingItemsOrRecordsKeepsTheFocusWhereItIs) {
-    EditWorld world;
-    world.numbered(30);
+    NumberedWorld world(30);
     world.zormod.taskWord = u"moveitem";
     nextItem(world.edit);
     prevItem(world.edit);

@@ -130,6 +130,13 @@ TEST(RangeDrawing, PagesAreHalfAWindow) {
     EXPECT_EQ(world.beeper.count, 1);
 }
 
+TEST(RangeDrawing, APageUpThatEndsOnTheFirstRecordDoesNotBeep) {
+    DrawingWorld world;
+    world.begin(RangeKind::block, 11, 1);
+    EXPECT_EQ(world.after(plainKey(Key::pageUp)), std::pair(1, 1));
+    EXPECT_EQ(world.beeper.count, 0);
+}
+
 TEST(RangeDrawing, APageDownInARangeOfRecordsStopsTwoShortOfTheEnd) {
     DrawingWorld world;
     world.begin(RangeKind::records, 15, 1);
@@ -351,6 +358,7 @@ TEST(RangeDrawing, CtrlJAsksForARecordAndIgnoresWhatIsBelowOne) {
     EXPECT_EQ(world.record(), 8);
     world.drawing.keyDown(ctrlKey(Key::j));
     EXPECT_EQ(world.record(), 30);
+    EXPECT_EQ(world.cell(1), "n30       ") << "the window has followed";
     world.drawing.keyDown(ctrlKey(Key::j));
     EXPECT_EQ(world.record(), 30);
     EXPECT_EQ(world.beeper.count, 0);

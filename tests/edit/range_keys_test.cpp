@@ -10,8 +10,7 @@ void fix(EditWorld& world, std::int16_t kind) {
 }
 
 TEST(RangeKeys, ShiftArrowsBeginABlockAltArrowsRecordsAndItems) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     for (const KeyStroke& stroke : {shiftKey(Key::up), shiftKey(Key::down), shiftKey(Key::left), shiftKey(Key::right),
                                     altKey(Key::up), altKey(Key::down), altKey(Key::left), altKey(Key::right)}) {
         EXPECT_EQ(world.down(stroke), KeyOutcome::taken);
@@ -24,8 +23,7 @@ TEST(RangeKeys, ShiftArrowsBeginABlockAltArrowsRecordsAndItems) {
 }
 
 TEST(RangeKeys, WithTextInTheBoxShiftLeftAndRightSelectInIt) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.type(u"a");
     EXPECT_EQ(world.down(shiftKey(Key::left)), KeyOutcome::goesOn);
     EXPECT_EQ(world.down(shiftKey(Key::right)), KeyOutcome::goesOn);
@@ -35,9 +33,7 @@ TEST(RangeKeys, WithTextInTheBoxShiftLeftAndRightSelectInIt) {
 }
 
 TEST(RangeKeys, TheRowIsOnTheDiskBeforeARangeBegins) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     commitCell(world.zormod, u"new");
     world.down(altKey(Key::down));
     EXPECT_EQ(world.onDisk(2), "    new          ");
@@ -45,9 +41,7 @@ TEST(RangeKeys, TheRowIsOnTheDiskBeforeARangeBegins) {
 
 TEST(RangeKeys, WhatIsTypedGoesIntoItsOwnCellBeforeARangeBegins) {
     for (const KeyStroke& stroke : {shiftKey(Key::down), altKey(Key::down), altKey(Key::right)}) {
-        EditWorld world;
-        world.numbered(3);
-        world.stand(2, 1);
+        NumberedWorld world(3, {2, 1});
         world.type(u"new");
         world.down(stroke);
         EXPECT_EQ(world.onDisk(2), "    new          ");
@@ -56,9 +50,7 @@ TEST(RangeKeys, WhatIsTypedGoesIntoItsOwnCellBeforeARangeBegins) {
 }
 
 TEST(RangeKeys, BehindTheEndOfTheFileARangeBeeps) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(4, 1);
+    NumberedWorld world(3, {4, 1});
     world.zormod.display.viewMode = 1;
     EXPECT_EQ(world.down(shiftKey(Key::down)), KeyOutcome::taken);
     EXPECT_EQ(world.beeper.count, 1);
@@ -66,8 +58,7 @@ TEST(RangeKeys, BehindTheEndOfTheFileARangeBeeps) {
 }
 
 TEST(RangeKeys, TheCardViewRefusesARange) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.display.viewMode = 1;
     world.dialogs.expectedMessages = 1;
     EXPECT_EQ(world.down(altKey(Key::left)), KeyOutcome::taken);
@@ -85,8 +76,7 @@ TEST(RangeKeys, WithoutATableARangeBeeps) {
 }
 
 TEST(RangeKeys, ModifierKeysKeepAFixedRangeAndShiftAloneReadsIt) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 1);
     EXPECT_EQ(world.down(plainKey(Key::control)), KeyOutcome::goesOn);
     EXPECT_EQ(world.down(plainKey(Key::alt)), KeyOutcome::goesOn);
@@ -98,8 +88,7 @@ TEST(RangeKeys, ModifierKeysKeepAFixedRangeAndShiftAloneReadsIt) {
 }
 
 TEST(RangeKeys, ReadingKeysAndNewRangesLeaveAFixedRange) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 2);
     EXPECT_EQ(world.down(ctrlShiftKey(Key::s)), KeyOutcome::goesOn);
     EXPECT_EQ(world.down(shiftKey(Key::pageDown)), KeyOutcome::goesOn);
@@ -111,9 +100,7 @@ TEST(RangeKeys, ReadingKeysAndNewRangesLeaveAFixedRange) {
 }
 
 TEST(RangeKeys, CtrlFWritesTheRowAndKeepsTheRange) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     commitCell(world.zormod, u"new");
     fix(world, 1);
     EXPECT_EQ(world.down(ctrlKey(Key::f)), KeyOutcome::taken);
@@ -123,9 +110,7 @@ TEST(RangeKeys, CtrlFWritesTheRowAndKeepsTheRange) {
 }
 
 TEST(RangeKeys, AnyOtherKeyGivesTheRangeUpAndIsNotTyped) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1}, 1);
     world.type(u"abc");
     fix(world, 1);
     world.screen.maskHides = 0;
@@ -143,16 +128,14 @@ TEST(RangeKeys, AnyOtherKeyGivesTheRangeUpAndIsNotTyped) {
 }
 
 TEST(RangeKeys, EscGivesTheRangeUpAndDoesNotEndTheProgram) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 3);
     EXPECT_EQ(world.down(plainKey(Key::escape)), KeyOutcome::taken);
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);
 }
 
 TEST(RangeKeys, InsOnABlockGivesItUp) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 1);
     EXPECT_EQ(world.down(plainKey(Key::insert)), KeyOutcome::taken);
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);
@@ -160,8 +143,7 @@ TEST(RangeKeys, InsOnABlockGivesItUp) {
 }
 
 TEST(RangeKeys, DelActsByTheKindOfTheRange) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     for (const std::int16_t kind : {1, 2, 3}) {
         world.zormod.selection.selectionKind = kind;
         EXPECT_EQ(world.down(plainKey(Key::del)), KeyOutcome::taken);
@@ -171,9 +153,7 @@ TEST(RangeKeys, DelActsByTheKindOfTheRange) {
 }
 
 TEST(RangeKeys, InsOnRecordsWritesTheRowFirst) {
-    EditWorld world;
-    world.numbered(3);
-    world.stand(2, 1);
+    NumberedWorld world(3, {2, 1});
     world.type(u"new");
     fix(world, 2);
     EXPECT_EQ(world.down(plainKey(Key::insert)), KeyOutcome::taken);
@@ -185,8 +165,7 @@ TEST(RangeKeys, InsOnRecordsWritesTheRowFirst) {
 }
 
 TEST(RangeKeys, ArrowsMoveOrCopyTheRange) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 1);
     for (const Key key : {Key::left, Key::right, Key::up, Key::down}) {
         EXPECT_EQ(world.down(plainKey(key)), KeyOutcome::taken);
@@ -208,8 +187,7 @@ TEST(RangeKeys, ArrowsMoveOrCopyTheRange) {
 }
 
 TEST(RangeKeys, ArrowsAcrossTheKindOfTheRangeGiveItUp) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     fix(world, 2);
     EXPECT_EQ(world.down(plainKey(Key::left)), KeyOutcome::taken);
     EXPECT_EQ(world.zormod.selection.selectionKind, 0);

@@ -57,7 +57,7 @@ struct Model {
             blocks.emplace_back(std::min(a, b), std::max(a, b));
         }
     }
-    static std::string fault(const std::string& list, std::int64_t highest) {
+    static std::string fault(const std::string& list, RangeListKind kind, std::int64_t highest) {
         const auto bad = list.find_first_not_of("0123456789-/");
         auto second = std::string::npos;
         for (std::size_t i = 0; i < list.size() && second == std::string::npos; ++i) {
@@ -71,9 +71,9 @@ struct Model {
         }
         for (const auto& [first, last] : Model(list).blocks) {
             if (last > highest) {
-                return recordOver;
+                return kind == RangeListKind::records ? recordOver : itemOver;
             }
-            if (first < 1) {
+            if (kind == RangeListKind::records && first == 0) {
                 return recordUnder;
             }
         }
@@ -198,6 +198,7 @@ TEST(RangeList, OnlyTwoHundredAndFiftyFiveCharactersBehindACutSurvive) {
     EXPECT_EQ(records(ones + u"9/999"), "") << "what is lost is not checked either";
     EXPECT_EQ(records(ones + u"9/x"), wrongCharacter) << "characters are checked before anything is cut";
     EXPECT_THAT(blocks(u"7-" + Text(255, u'0') + u"5"), ElementsAre(Ends(0, 7)));
+    EXPECT_THAT(blocks(u"/" + Text(254, u'0') + u"12"), ElementsAre(Ends(1, 1))) << "a dropped sign is a cut, too";
 }
 
 TEST(RangeList, RandomListsReadAsAListCutAtItsSlashesDoes) {
@@ -214,8 +215,9 @@ TEST(RangeList, RandomListsReadAsAListCutAtItsSlashesDoes) {
             list += characters[random() % kinds];
         }
         const Text text(list.begin(), list.end());
-        const std::string fault = Model::fault(list, 150);
+        const std::string fault = Model::fault(list, RangeListKind::records, 150);
         EXPECT_EQ(records(text, 150), fault) << list;
+        EXPECT_EQ(items(text, 150), Model::fault(list, RangeListKind::items, 150)) << list;
         if (fault != wrongCharacter && fault != twoDashes) {
             EXPECT_EQ(blocks(text), Model(list).blocks) << list;
         }

@@ -125,6 +125,15 @@ TEST(RangeReading, TheDataOfADrawnRangeHaveNoLimitAndNoByteMore) {
     EXPECT_EQ(world.takeSpoken(), Spoken{" ｷﾞｮｳ1 " + std::string(250, 'x')});
 }
 
+TEST(RangeReading, TheDataInsideTheInhibitTimeAreDropped) {
+    ReadingWorld world;
+    world.zormod.selection = {3, 1, 3, 1, 1, 0};
+    RangeYOMi(world.zormod, RangeReading::data);
+    world.takeSpoken();
+    RangeYOMi(world.zormod, RangeReading::data);
+    EXPECT_EQ(world.takeSpoken(), Spoken());
+}
+
 TEST(RangeReading, TheDataKeepTheirBlanks) {
     ReadingWorld world;
     world.zormod.selection = {3, 1, 3, 1, 1, 0};

@@ -29,9 +29,7 @@ TEST(SideBoxes, TheirNamesHoldTheWordForATextBox) {
 }
 
 TEST(SideBoxes, TheFocusSaysTextAndName) {
-    EditWorld world;
-    world.numbered(12, 1);
-    world.stand(12, 2);
+    NumberedWorld world(12, {12, 2}, 1);
     sideBoxGotFocus(world.edit, PanelField::txtREC);
     world.later();
     sideBoxGotFocus(world.edit, PanelField::txtWIDTH);
@@ -41,8 +39,7 @@ TEST(SideBoxes, TheFocusSaysTextAndName) {
 }
 
 TEST(SideBoxes, TypingInThePositionBoxesSaysTheTextPastTheThrottle) {
-    EditWorld world;
-    world.numbered(12, 2);
+    NumberedWorld world(12, {1, 0}, 2);
     sideBoxKeyDown(world.edit, PanelField::txtREC, plainKey(Key::digit1));
     sideBoxTyped(world.edit, PanelField::txtREC, u"1");
     sideBoxTyped(world.edit, PanelField::txtREC, u"12");
@@ -51,8 +48,7 @@ TEST(SideBoxes, TypingInThePositionBoxesSaysTheTextPastTheThrottle) {
 }
 
 TEST(SideBoxes, TypingIsOverWhenTheFocusLeaves) {
-    EditWorld world;
-    world.numbered(12, 1);
+    NumberedWorld world(12, {1, 0}, 1);
     sideBoxKeyDown(world.edit, PanelField::txtREC, plainKey(Key::tab));
     sideBoxKeyDown(world.edit, PanelField::txtItemnum, plainKey(Key::tab));
     EXPECT_TRUE(world.edit.typingInRecordBox);
@@ -65,9 +61,7 @@ TEST(SideBoxes, TypingIsOverWhenTheFocusLeaves) {
 }
 
 TEST(SideBoxes, EnterInTheRecordBoxGoesToTheRecord) {
-    EditWorld world;
-    world.numbered(50);
-    world.stand(3, 1);
+    NumberedWorld world(50, {3, 1});
     world.type(u"new");
     world.zormod.input.idAutoOn = 1;
     enterNumber(world, PanelField::txtREC, u"４０");
@@ -83,16 +77,13 @@ TEST(SideBoxes, EnterInTheRecordBoxGoesToTheRecord) {
 }
 
 TEST(SideBoxes, TheRecordBoxStillCountsAsTypedInWhenEnterHasMovedTheRecord) {
-    EditWorld world;
-    world.numbered(50, 1);
+    NumberedWorld world(50, {1, 0}, 1);
     enterNumber(world, PanelField::txtREC, u"40");
     EXPECT_EQ(world.takeSpoken(), Spoken{" 40､行番号ﾃｷｽﾄﾎﾞｯｸｽ"});
 }
 
 TEST(SideBoxes, ARecordNumberOutsideTheFileBeepsAndGivesTheOldOneBack) {
-    EditWorld world;
-    world.numbered(50);
-    world.stand(3, 1);
+    NumberedWorld world(50, {3, 1});
     for (const TextView number : {u"0", u"51", u"-1", u"99999999999", u"abc"}) {
         world.screen.focus = PanelField::txtREC;
         enterNumber(world, PanelField::txtREC, Text(number));
@@ -105,17 +96,14 @@ TEST(SideBoxes, ARecordNumberOutsideTheFileBeepsAndGivesTheOldOneBack) {
 }
 
 TEST(SideBoxes, ABadRecordNumberLeavesWhatIsTypedInTheInputBox) {
-    EditWorld world;
-    world.numbered(50);
+    NumberedWorld world(50);
     world.type(u"new");
     enterNumber(world, PanelField::txtREC, u"51");
     EXPECT_EQ(world.typed(), "new");
 }
 
 TEST(SideBoxes, EnterInTheItemBoxGoesToTheItem) {
-    EditWorld world;
-    world.numbered(5);
-    world.stand(2, 1);
+    NumberedWorld world(5, {2, 1});
     world.type(u"new");
     enterNumber(world, PanelField::txtItemnum, u"2");
     EXPECT_EQ(world.item(), 2);
@@ -128,9 +116,7 @@ TEST(SideBoxes, EnterInTheItemBoxGoesToTheItem) {
 }
 
 TEST(SideBoxes, ANumberThatIsNoItemBeepsWhileItIsTyped) {
-    EditWorld world;
-    world.numbered(5, 1);
-    world.stand(2, 1);
+    NumberedWorld world(5, {2, 1}, 1);
     for (const TextView number : {u"3", u"-1", u"99999"}) {
         world.forget();
         sideBoxTyped(world.edit, PanelField::txtItemnum, Text(number));
@@ -144,8 +130,7 @@ TEST(SideBoxes, ANumberThatIsNoItemBeepsWhileItIsTyped) {
 }
 
 TEST(SideBoxes, TheReadingKeysNameThePositionBoxes) {
-    EditWorld world;
-    world.numbered(5, 1);
+    NumberedWorld world(5, {1, 0}, 1);
     int lastSelLength = 0;
     sideBoxKeyUp(world.edit, PanelField::txtREC, shiftKey(Key::pageDown), boxOf(u" 1"), lastSelLength);
     world.later();
@@ -159,8 +144,7 @@ TEST(SideBoxes, TheReadingKeysNameThePositionBoxes) {
 }
 
 TEST(SideBoxes, TheItemBoxSaysItsTextOnEveryKeyUp) {
-    EditWorld world;
-    world.numbered(5, 1);
+    NumberedWorld world(5, {1, 0}, 1);
     int lastSelLength = 0;
     sideBoxKeyUp(world.edit, PanelField::txtItemnum, plainKey(Key::digit2), boxOf(u"2"), lastSelLength);
     world.later();
@@ -169,8 +153,7 @@ TEST(SideBoxes, TheItemBoxSaysItsTextOnEveryKeyUp) {
 }
 
 TEST(SideBoxes, EnterInTheWidthAndAlignmentBoxesStartsTheirChange) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtWIDTH, u'\r'), KeyOutcome::taken);
     EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtLR, u'\r'), KeyOutcome::taken);
     EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::txtLR, u'R'), KeyOutcome::goesOn);
@@ -178,16 +161,14 @@ TEST(SideBoxes, EnterInTheWidthAndAlignmentBoxesStartsTheirChange) {
 }
 
 TEST(SideBoxes, EnterInTheMemoGivesTheInputBoxTheFocus) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     world.screen.focus = PanelField::RichTextBox2;
     EXPECT_EQ(sideBoxKeyPress(world.edit, PanelField::RichTextBox2, u'\r'), KeyOutcome::taken);
     EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
 }
 
 TEST(SideBoxes, AMemoThatDiffersIsWritten) {
-    EditWorld world;
-    world.numbered(5);
+    NumberedWorld world(5);
     const std::string before = world.bytesOf("kt.txt");
     ASSERT_NE(before, "");
     memoLeft(world.edit, u"memo");

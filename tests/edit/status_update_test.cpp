@@ -23,8 +23,7 @@ TEST(StatusUpdate, ThePanelShowsTheCurrentCell) {
 }
 
 TEST(StatusUpdate, ChosenItemsAreListedEachWithAComma) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.input.allItemsInput = 0;
     world.zormod.items.itemInputMark[0] = 1;
     world.zormod.items.itemInputMark[2] = 1;
@@ -109,17 +108,14 @@ TEST(StatusUpdate, AnEmptyCellIsBlankByName) {
 }
 
 TEST(StatusUpdate, WithSpeechOffNothingIsSaid) {
-    EditWorld world;
-    world.numbered(3, 0);
+    NumberedWorld world(3);
     world.press(Key::down);
     world.press(Key::right);
     EXPECT_EQ(world.takeSpoken(), Spoken());
 }
 
 TEST(StatusUpdate, AHeldKeySpeaksOnceInTheInhibitTimeAndTheLastCellMayGoUnread) {
-    EditWorld world;
-    world.numbered(30, 1);
-    world.stand(1, 1);
+    NumberedWorld world(30, {1, 1}, 1);
     for (int repeat = 0; repeat < 10; ++repeat) {
         world.down(plainKey(Key::down));
         world.clock.now += 0.0625;
@@ -131,9 +127,7 @@ TEST(StatusUpdate, AHeldKeySpeaksOnceInTheInhibitTimeAndTheLastCellMayGoUnread) 
 }
 
 TEST(StatusUpdate, EmptyingTheBoxIsNotSpokenEvenWhereNoMoveIs) {
-    EditWorld world;
-    world.numbered(3, 1);
-    world.stand(1, 1);
+    NumberedWorld world(3, {1, 1}, 1);
     world.type(u"abc");
     world.forget();
     world.press(Key::pageUp);
@@ -143,15 +137,13 @@ TEST(StatusUpdate, EmptyingTheBoxIsNotSpokenEvenWhereNoMoveIs) {
 }
 
 TEST(StatusUpdate, OnlyTheBoxThatReallyChangesSpeaks) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     showCurrentCell(world.edit);
     EXPECT_EQ(world.takeSpoken(), Spoken());
 }
 
 TEST(StatusUpdate, TheFocusAfterARecordMoveKeepsQuietOnce) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.press(Key::down);
     EXPECT_EQ(world.edit.readingState, ReadingState::focusPassed);
     world.takeSpoken();
@@ -161,15 +153,13 @@ TEST(StatusUpdate, TheFocusAfterARecordMoveKeepsQuietOnce) {
 }
 
 TEST(StatusUpdate, AfterAnItemMoveTheStateIsNoneAgain) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.press(Key::right);
     EXPECT_EQ(world.edit.readingState, ReadingState::none);
 }
 
 TEST(StatusUpdate, TheFocusOfTheBoxSaysItsTextAndName) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     world.type(u"ab");
     world.takeSpoken();
     world.later();
@@ -180,8 +170,7 @@ TEST(StatusUpdate, TheFocusOfTheBoxSaysItsTextAndName) {
 }
 
 TEST(StatusUpdate, TheFocusGoesOnToTheFormThatChoosesARangeOrTarget) {
-    EditWorld world;
-    world.numbered(3, 1);
+    NumberedWorld world(3, {1, 0}, 1);
     for (const TextView word : {u"HTYU", u"copy", u"move", u"moveitem"}) {
         world.zormod.taskWord = Text(word);
         inputBoxGotFocus(world.edit);
@@ -201,8 +190,7 @@ TEST(StatusUpdate, TheViewStaysBehindUnderSomeTasks) {
 }
 
 TEST(StatusUpdate, ABulkOperationEndsInIt) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     world.zormod.position.curRecord = 3;
     refreshAfterBulk(world.zormod, 0);
     EXPECT_EQ(utf8(world.edit.txtREC.text()), " 3");
@@ -218,8 +206,7 @@ TEST(StatusUpdate, WithoutATableShowingTheCellDoesNothing) {
 }
 
 TEST(StatusUpdate, FieldsAreShownOnlyWhenTheyDiffer) {
-    EditWorld world;
-    world.numbered(3);
+    NumberedWorld world(3);
     showCurrentCell(world.edit);
     world.screen.fields.clear();
     showCurrentCell(world.edit);
