@@ -108,7 +108,12 @@ bool BulkFiles::swap() {
     if (job_.items != BulkItems::kept) {
         const Bytes oldItems = zormod_.platform.files.readWhole(itemFilePath(zormod_, name()), largestItemFile);
         writeSwapRecord(zormod_, name(), drive(),
-                        {static_cast<std::uint64_t>(out_->length()), fingerprintOf(*out_), oldItems, newItems()});
+                        {.newLength = static_cast<std::uint64_t>(out_->length()),
+                         .newFingerprint = fingerprintOf(*out_),
+                         .oldLength = static_cast<std::uint64_t>(in_->length()),
+                         .oldSample = sampleOf(*in_),
+                         .oldItems = oldItems,
+                         .newItems = newItems()});
     }
     putDataInPlace();
     if (job_.items != BulkItems::kept) {

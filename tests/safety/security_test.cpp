@@ -119,7 +119,7 @@ TEST(Security, WhatTheUserHasCopiedElsewhereIsWrittenNowhere) {
         RunningCopy copy(world);
         world.clipboard.foreign(u"ひみつ4711");
         if (operation.opensTable) {
-            copy.open("t.txt");
+            copy.open(operation.dataFile());
         }
         copy.zormod.speech.speechMode = 2;
         keepUserClipboard(copy.zormod);
