@@ -1,9 +1,8 @@
 #include "safety/fault_runs.h"
 
-#include "platform/failure.h"
 #include "safety/folder_image.h"
+#include "safety/guarded_run.h"
 #include "safety/system_calls.h"
-#include "sheet/failure_recovery.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -17,7 +16,6 @@
 
 namespace {
 
-constexpr int manyMessages = 1000;
 constexpr int mostCalls = 5000; ///< a loop over the calls that doesn't end by then never will
 
 /// What an untouched run makes of the folder, and the steps it takes.
@@ -50,24 +48,9 @@ void closeTable(ZORMOD& zormod) {
     zormod.files.tableLock.reset();
 }
 
-/// Runs `work` as the guard round every handler does: the state is put right after a failure, and it is reported once.
-/// Returns how many messages the user heard.
+/// How many messages the user heard of `work`.
 std::size_t runGuarded(TestWorld& world, ZORMOD& zormod, const std::function<void()>& work) {
-    world.dialogs.expectedMessages = manyMessages;
-    world.dialogs.messages.clear();
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        try {
-            putStateRight(zormod, failure);
-        } catch (const RuntimeFailure&) {
-            // Reported once, below.
-        }
-        if (!failure.isTold) {
-            world.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle));
-        }
-    }
-    return world.dialogs.messages.size();
+    return heardOf(world, zormod, work).size();
 }
 
 CleanRun cleanRun(const WritingOperation& operation) {
