@@ -212,8 +212,10 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
         if (!met) {
             return false;
         }
-        // On a disk that fails for good each routine that meets it says so, the refusal of the item file among them.
-        if (told > (fault.fromThenOn ? 3U : 1U)) {
+        // On a disk that fails for good each routine that meets it says so: the operation itself, the refusal of an item
+        // file that can't even be read, and the report of the failure.
+        const std::size_t most = !fault.fromThenOn ? 1 : fault.error == EIO ? 3 : 2;
+        if (told > most) {
             judge(where, {"the user was told " + std::to_string(told) + " times"});
         }
         if (told == 0 && !isDone(imageOf(folder()), clean_)) {

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -131,7 +132,9 @@ public:
         }
         program.emplace(world.folder.path(), "t.txt");
     }
-    bool goTo(const Operation& operation) { return windowComesUp("t.txt/") && pressOnTheWay(operation.way); }
+    bool goTo(const Operation& operation) {
+        return windowComesUp("t.txt/") && takesKeys("ctrl+g") && pressOnTheWay(operation.way);
+    }
     void killProgram() {
         kill(program->process(), SIGKILL);
         program.reset();
@@ -151,6 +154,12 @@ std::string stateOf(const TestWorld& world) {
                  std::to_string(std::filesystem::last_write_time(path, gone).time_since_epoch().count()) + "\n";
     }
     return state;
+}
+
+/// True while hidden files of an operation lie in the folder.
+bool isAtWork(const TestWorld& world) {
+    const std::set<std::string> names = namesIn(world);
+    return std::any_of(names.begin(), names.end(), [](const std::string& name) { return name.starts_with('.'); });
 }
 
 /// What an operation does that is left alone.
@@ -180,7 +189,7 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
                 lastChange = now;
                 firstChange = firstChange == begin ? now : firstChange;
             }
-            return lastChange != begin && now - lastChange > rest;
+            return lastChange != begin && now - lastChange > rest && !isAtWork(table.world);
         },
         std::chrono::seconds(isLongRun() ? 60 : 10));
     Outcome outcome{pairIn(table.world), namesIn(table.world), firstChange - begin, lastChange - begin};
@@ -208,6 +217,21 @@ void openAgain(WorkedTable& table, bool byProgram) {
     forgetTable(zormod);
 }
 
+/// In words, which of the two `bytes` are, or where they differ from both.
+std::string comparison(const std::string& bytes, const std::string& old, const std::string& made) {
+    if (bytes == old || bytes == made) {
+        return bytes == old ? "old" : "new";
+    }
+    const auto differsFrom = [&](const std::string& other) {
+        const auto place = std::mismatch(bytes.begin(), bytes.end(), other.begin(), other.end()).first - bytes.begin();
+        const std::size_t record = static_cast<std::size_t>(place) / recordLength * recordLength;
+        const auto shown = [&](const std::string& text) { return text.substr(std::min(record, text.size()), 60); };
+        return std::to_string(other.size()) + " bytes, other from byte " + std::to_string(place) + " on: " +
+               testing::PrintToString(shown(bytes)) + " for " + testing::PrintToString(shown(other));
+    };
+    return std::to_string(bytes.size()) + " bytes\n  old: " + differsFrom(old) + "\n  new: " + differsFrom(made);
+}
+
 struct Tally {
     int old = 0;
     int done = 0;
@@ -232,7 +256,10 @@ void killOnce(const Operation& operation, const Pair& old, const Outcome& outcom
     tally.leftovers += leavesOnlyThese() ? 0 : 1;
     openAgain(table, byProgram);
     const Pair pair = pairIn(table.world);
-    EXPECT_TRUE(pair == old || pair == outcome.pair) << "the table is neither the old one nor the new one";
+    EXPECT_TRUE(pair == old || pair == outcome.pair)
+        << "the table is neither the old one nor the new one\n"
+        << "records: " << comparison(pair.records, old.records, outcome.pair.records) << '\n'
+        << "items: " << comparison(pair.items, old.items, outcome.pair.items);
     EXPECT_TRUE(leavesOnlyThese()) << testing::PrintToString(namesIn(table.world));
     if (operation.pastes) {
         EXPECT_TRUE(table.world.bytesOf("ZORCLip") == clip()) << "the clip file is not what was there to be pasted";
