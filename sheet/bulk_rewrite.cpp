@@ -56,6 +56,7 @@ private:
     BulkFile* in_ = nullptr;
     BulkFile* out_ = nullptr;
     bool isWaste_ = false; ///< what the new files hold is of no use to anybody
+    std::int64_t oldLength_ = 0; ///< bytes of the table when the run began
 };
 
 bool BulkFiles::open() {
@@ -76,6 +77,7 @@ bool BulkFiles::open() {
     auto in = files.openBulk(fullPath(drive(), name()));
     auto out = files.openBulk(newPath());
     in_ = in.get();
+    oldLength_ = in_->length();
     out_ = out.get();
     table_ = std::exchange(zormod_.files.byNumber[1], std::move(in));
     zormod_.files.byNumber[2] = std::move(out);
@@ -110,12 +112,20 @@ bool BulkFiles::swap() {
         }
     }
     out_->finish();
-    // Fails if the table was replaced behind our back: then what we have read is not what we would put away.
+    // If the table was replaced behind our back, or has grown or shrunk, what we have read is not what we would put away.
     in_->finish();
+    if (in_->length() != oldLength_) {
+        throw RuntimeFailure{FailureKind::file};
+    }
     if (job_.items != BulkItems::kept) {
         const Bytes oldItems = zormod_.platform.files.readWhole(itemFilePath(zormod_, name()), largestItemFile);
         writeSwapRecord(zormod_, name(), drive(),
-                        {static_cast<std::uint64_t>(out_->length()), fingerprintOf(*out_), oldItems, newItems()});
+                        {.newLength = static_cast<std::uint64_t>(out_->length()),
+                         .newFingerprint = fingerprintOf(*out_),
+                         .oldLength = static_cast<std::uint64_t>(oldLength_),
+                         .oldSample = sampleOf(*in_),
+                         .oldItems = oldItems,
+                         .newItems = newItems()});
     }
     isWaste_ = false;
     putDataInPlace();

@@ -126,6 +126,10 @@ void ChangeJournal::carryOut() {
     if (!journal_) {
         return;
     }
+    if (zormod_.files.byNumber[1]->length() != head_.oldLength) {
+        // Somebody else has made it longer or shorter: what we have made of it may belong elsewhere now.
+        throw RuntimeFailure{FailureKind::file};
+    }
     writeHead(*journal_, head_);
     journal_->finish();
     isComplete_ = true;

@@ -1,6 +1,5 @@
 #include "sheet/change_recovery.h"
 
-#include "platform/dialogs.h"
 #include "sheet/change_frames.h"
 #include "sheet/record_file.h"
 #include "sheet/work_files.h"
@@ -99,8 +98,5 @@ void finishChange(ZORMOD& zormod, const Text& fileName, const Text& drive) {
         tidy([&] { files.remove(path); });
         return;
     }
-    zormod.platform.dialogs.showMessage(
-        u"前の作業が途中で終わりましたが、その後に表が変わっているため、続きを行いませんでした。表の内容を確認してください",
-        u"確認");
-    tidy([&] { files.moveIntoPlace(path, besideTable(drive, fileName, u".unused-change-")); });
+    setAside(zormod, path, besideTable(drive, fileName, u".unused-change-"));
 }

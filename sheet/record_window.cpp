@@ -30,11 +30,15 @@ bool standsOnDisk(ZORMOD& zormod, std::int32_t recordNo, const Bytes& record) {
            std::equal(stored.begin(), stored.end(), record.begin());
 }
 
-void writeCurrentRow(ZORMOD& zormod, std::int32_t record) {
+/// False, and nothing is written: somebody else has cut the table so far that a gap would come ahead of the row.
+bool writeCurrentRow(ZORMOD& zormod, std::int32_t record) {
     const Bytes& row = zormod.window.recordWindow[currentSlot(zormod)];
     const std::int32_t records = recordCount(zormod);
     if (record > records && (holdsOnly(row, zormod.window.slashLine) || holdsOnly(row, zormod.window.blankLine))) {
-        return;
+        return true;
+    }
+    if (record > records + std::int64_t{1}) {
+        return false;
     }
     const Bytes ended = endedRecord(row);
     if (record == zormod.window.unsureRecord || !standsOnDisk(zormod, record, ended)) {
@@ -43,6 +47,7 @@ void writeCurrentRow(ZORMOD& zormod, std::int32_t record) {
     if (record >= records) {
         updateTitle(zormod);
     }
+    return true;
 }
 
 } // namespace
@@ -84,8 +89,9 @@ void scrollWindowUp(ZORMOD& zormod) {
 void commitRecord(ZORMOD& zormod) {
     const std::int32_t record = zormod.position.curRecord;
     std::int32_t& unsure = zormod.window.unsureRecord;
+    bool hasPlace = true;
     try {
-        writeCurrentRow(zormod, record);
+        hasPlace = writeCurrentRow(zormod, record);
     } catch (RuntimeFailure& failure) {
         // Also when nothing but a look at the file has failed: the row stays in the window, and the next leave writes it.
         failure.rowWrite = failure.kind == FailureKind::file;
@@ -93,6 +99,10 @@ void commitRecord(ZORMOD& zormod) {
         throw;
     }
     unsure = record == unsure ? 0 : unsure;
+    if (!hasPlace) {
+        // No failed row write: the row would wait for its place for ever. The table is read again as it is now.
+        throw RuntimeFailure{FailureKind::file};
+    }
 }
 
 void openDataFile(ZORMOD& zormod) {

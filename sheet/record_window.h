@@ -16,9 +16,9 @@ void storeSlot(ZORMOD& zormod, std::int64_t slot, BytesView rec);
 void refillWindow(ZORMOD& zormod, std::int32_t recordNo);
 /// Moves the window one record towards the start, unless it or the current record is at the start.
 void scrollWindowUp(ZORMOD& zormod);
-/// Writes the current row to file 1 where it belongs. A row behind the end that holds nothing (blanks or slashes) is
-/// not written, and bytes that stand on the disk already are not written again. A failed write is thrown with
-/// `rowWrite` set.
+/// Writes the current row to file 1, unless it holds nothing (blanks or slashes) behind the end, or stands there already.
+/// A failed write is thrown with `rowWrite` set; without it, and with nothing written, if somebody else has cut the table
+/// so far that a gap of NULs would come ahead of the row.
 void commitRecord(ZORMOD& zormod);
 
 /// Opens the data file named by `fileName` and `fileDrive` as file 1, makes it if it doesn't exist, and claims it.

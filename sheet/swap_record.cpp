@@ -6,13 +6,17 @@
 #include "sheet/text_file_writer.h"
 #include "sheet/work_files.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
-constexpr BytesView magic = "ROMSWAP1";
-constexpr std::size_t headLength = magic.size() + 3 * numberLength;
+constexpr BytesView magic = "ROMSWAP2";
+constexpr std::size_t headLength = magic.size() + 5 * numberLength;
 /// Two K files and the head; a K file is never read beyond this either.
 constexpr std::size_t largestRecord = 40u << 20;
 constexpr std::size_t blockLength = 1 << 18;
+constexpr std::size_t sampleLength = 1 << 16;
 
 Text recordPath(const Text& drive, const Text& fileName) { return besideTable(drive, fileName, u".swap-"); }
 
@@ -21,25 +25,45 @@ bool parse(const Bytes& bytes, SwapRecord& record) {
     if (bytes.size() < headLength || !BytesView(bytes).starts_with(magic)) {
         return false;
     }
-    record.newLength = numberAt(bytes, magic.size());
-    record.newFingerprint = numberAt(bytes, magic.size() + numberLength);
-    const std::uint64_t oldLength = numberAt(bytes, magic.size() + 2 * numberLength);
-    if (oldLength > bytes.size() - headLength) {
+    std::size_t at = magic.size();
+    const auto next = [&] { return numberAt(bytes, std::exchange(at, at + numberLength)); };
+    record.newLength = next();
+    record.newFingerprint = next();
+    record.oldLength = next();
+    record.oldSample = next();
+    const std::uint64_t oldItems = next();
+    if (oldItems > bytes.size() - headLength) {
         return false;
     }
-    record.oldItems = bytes.substr(headLength, oldLength);
-    record.newItems = bytes.substr(headLength + oldLength);
+    record.oldItems = bytes.substr(headLength, oldItems);
+    record.newItems = bytes.substr(headLength + oldItems);
     return true;
 }
 
-bool holdsNewData(ZORMOD& zormod, const Text& path, const SwapRecord& record) {
+/// How far a swap has come, as far as the files can tell.
+enum class SwapState {
+    notBegun,    ///< or taken back, or brought back
+    halfDone,    ///< the new data file has its place, the new K file hasn't
+    done,
+    changedSince ///< somebody else has been at work on the table
+};
+
+SwapState stateOf(ZORMOD& zormod, const Text& dataPath, const Text& itemPath, const SwapRecord& record) {
     Files& files = zormod.platform.files;
-    if (!files.exists(path)) {
-        return false;
+    if (!files.exists(dataPath) || !files.exists(itemPath)) {
+        return SwapState::changedSince;
     }
-    const auto data = files.openBulk(path);
-    return static_cast<std::uint64_t>(data->length()) == record.newLength &&
-           fingerprintOf(*data) == record.newFingerprint;
+    const Bytes items = files.readWhole(itemPath, largestRecord);
+    if (items == record.newItems) {
+        return SwapState::done;
+    }
+    const auto data = files.openBulk(dataPath);
+    const auto length = static_cast<std::uint64_t>(data->length());
+    if (items == record.oldItems && length == record.newLength && fingerprintOf(*data) == record.newFingerprint) {
+        return SwapState::halfDone;
+    }
+    return length == record.oldLength && sampleOf(*data) == record.oldSample ? SwapState::notBegun
+                                                                             : SwapState::changedSince;
 }
 
 } // namespace
@@ -57,10 +81,20 @@ std::uint64_t fingerprintOf(RandomFile& file) {
     }
 }
 
+std::uint64_t sampleOf(RandomFile& file) {
+    Bytes ends(2 * sampleLength, '\0');
+    const std::size_t first = file.readAt(0, ends.data(), sampleLength);
+    const std::int64_t from = std::max<std::int64_t>(0, file.length() - static_cast<std::int64_t>(sampleLength));
+    const std::size_t last = file.readAt(from, ends.data() + first, sampleLength);
+    return fingerprintOf(BytesView(ends).substr(0, first + last));
+}
+
 void writeSwapRecord(ZORMOD& zormod, const Text& fileName, const Text& drive, const SwapRecord& record) {
     Bytes bytes(magic);
     appendNumber(bytes, record.newLength);
     appendNumber(bytes, record.newFingerprint);
+    appendNumber(bytes, record.oldLength);
+    appendNumber(bytes, record.oldSample);
     appendNumber(bytes, record.oldItems.size());
     bytes += record.oldItems + record.newItems;
     zormod.platform.files.replaceWhole(recordPath(drive, fileName), bytes);
@@ -72,14 +106,20 @@ void removeSwapRecord(ZORMOD& zormod, const Text& fileName, const Text& drive) {
 
 void finishSwap(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     Files& files = zormod.platform.files;
-    if (!files.exists(recordPath(drive, fileName))) {
+    const Text path = recordPath(drive, fileName);
+    if (!files.exists(path)) {
         return;
     }
     SwapRecord record;
     const Text itemPath = besideTable(drive, fileName, u"K");
-    if (parse(files.readWhole(recordPath(drive, fileName), largestRecord), record) && files.exists(itemPath) &&
-        files.readWhole(itemPath, largestRecord) == record.oldItems &&
-        holdsNewData(zormod, fullPath(drive, fileName), record)) {
+    const SwapState state = parse(files.readWhole(path, largestRecord), record)
+                                ? stateOf(zormod, fullPath(drive, fileName), itemPath, record)
+                                : SwapState::notBegun;
+    if (state == SwapState::changedSince) {
+        setAside(zormod, path, besideTable(drive, fileName, u".unused-swap-"));
+        return;
+    }
+    if (state == SwapState::halfDone) {
         files.replaceWhole(itemPath, record.newItems);
     }
     tidy([&] { removeSwapRecord(zormod, fileName, drive); });
@@ -99,6 +139,7 @@ void recoverTable(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     tidy([&] { clearUnfinishedTextFiles(zormod); });
     tidy([&] {
         removeIfThere(zormod, newFilePath(drive, fileName));
+        removeIfThere(zormod, newItemFilePath(drive, fileName));
         if (const auto claim = claimWorkFiles(zormod, drive)) {
             clearWorkFiles(zormod, drive);
         }

@@ -4,13 +4,16 @@
 // until after the second step. Who opens the table next finishes the swap by it. Written by the bulk rewrite, read at
 // the opening of a table; nothing else knows it.
 //
-// Format of ".swap-NAME": the eight bytes "ROMSWAP1"; three numbers of eight bytes, lowest byte first: length and
-// fingerprint of the new data file, length of the old K file; the whole old K file; the whole new K file to the end.
-// The whole K files, because then it needs no work file and works wherever the program is started next.
+// Format of ".swap-NAME": the eight bytes "ROMSWAP2"; five numbers of eight bytes, lowest byte first: length and
+// fingerprint of the new data file, length and sample of the old one, length of the old K file; the whole old K file; the
+// whole new K file to the end. The whole K files, because then it needs no work file and works wherever the program is
+// started next. Of the old data file only its ends, because reading all of it once more takes the user's time.
 //
 // A table that was brought back from a backup, replaced or edited between the kill and the opening is never written
-// to: the K file is replaced only if it is byte for byte the old one and the data file is the new one. Files are known
-// by what they hold, not by their place on the disk, which a restart may change on some media.
+// to: the K file is replaced only if it is byte for byte the old one and the data file is the new one. If the data file is
+// neither that nor, by its sample, the old one, nobody can say which K file fits it: the record gets another name and the
+// user is told. Files are known by what they hold, not by their place on the disk, which a restart may change on some
+// media.
 
 #include "sheet/zormod.h"
 
@@ -18,6 +21,8 @@
 struct SwapRecord {
     std::uint64_t newLength = 0;      ///< bytes of the new data file
     std::uint64_t newFingerprint = 0; ///< fingerprintOf the new data file
+    std::uint64_t oldLength = 0;      ///< bytes of the data file before the swap
+    std::uint64_t oldSample = 0;      ///< sampleOf it
     Bytes oldItems{};                 ///< the K file before the swap
     Bytes newItems{};                 ///< and after it
 };
@@ -25,6 +30,8 @@ struct SwapRecord {
 /// A number that differs, but for a chance of one in 2 to the 64th, for files of different contents. Reads all of the
 /// file.
 std::uint64_t fingerprintOf(RandomFile& file);
+/// The same for the first and the last 64 KiB of a file.
+std::uint64_t sampleOf(RandomFile& file);
 
 /// Puts the record of the table beside it. A RuntimeFailure of kind file if that fails.
 void writeSwapRecord(ZORMOD& zormod, const Text& fileName, const Text& drive, const SwapRecord& record);
@@ -32,8 +39,9 @@ void writeSwapRecord(ZORMOD& zormod, const Text& fileName, const Text& drive, co
 void removeSwapRecord(ZORMOD& zormod, const Text& fileName, const Text& drive);
 
 /// Finishes what a killed or failed swap of the table left between its two steps. Afterwards the pair is the old one or
-/// the new one and there is no record. Nothing happens without a record. The caller holds the claim on the table. A
-/// RuntimeFailure of kind file if the K file can't be put in place: the table must not be opened then.
+/// the new one, or what somebody else has made of it and the user has been told, and there is no record. Nothing happens
+/// without a record. The caller holds the claim on the table. A RuntimeFailure of kind file if the K file can't be put in
+/// place: the table must not be opened then.
 void finishSwap(ZORMOD& zormod, const Text& fileName, const Text& drive);
 
 /// finishSwap, and the same for a change in place (sheet/change_recovery.h): whoever is about to work on the table calls it.

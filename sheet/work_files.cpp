@@ -32,6 +32,13 @@ void removeIfThere(ZORMOD& zormod, const Text& path) {
     }
 }
 
+void setAside(ZORMOD& zormod, const Text& path, const Text& unusedPath) {
+    zormod.platform.dialogs.showMessage(
+        u"前の作業が途中で終わりましたが、その後に表が変わっているため、続きを行いませんでした。表の内容を確認してください",
+        u"確認");
+    tidy([&] { zormod.platform.files.moveIntoPlace(path, unusedPath); });
+}
+
 std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive) {
     return zormod.platform.files.lockFolder(fullPath(drive, {}));
 }

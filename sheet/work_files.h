@@ -6,11 +6,12 @@
 //   .romika-work          beside them, empty: while it exists those two are ours, and what a killed or failed run left of
 //                         them is deleted before they are used again. A file of that name without it was left by somebody
 //                         else; it is not emptied, so a tail of it stays behind a shorter result.
-//   .new-NAME             beside the table NAME: the new data file of a rewrite that has no work file of its own, or the
-//                         copy of a work file that lies on another disk (Files::moveIntoPlace)
+//   .new-NAME, .new-KNAME beside the table NAME: the new data file of a rewrite that has no work file of its own, or the
+//                         copies of work files that lie on another disk (Files::moveIntoPlace)
 //   .swap-NAME            beside the table NAME: the record of a swap of both files (sheet/swap_record.h)
 //   .change-NAME          beside the table NAME: the journal of a change of some records (sheet/change_frames.h)
-//   .unused-change-NAME   the last such journal that could not be used, because the table was another one by then
+//   .unused-swap-NAME, .unused-change-NAME   the last of each that could not be used, because the table was another one
+//                         by then
 //
 // The names that begin with a point are shown in no list of files.
 
@@ -27,6 +28,8 @@ Text workItemFilePath(TextView drive);
 Text besideTable(TextView drive, TextView fileName, TextView prefix);
 /// The new data file of a rewrite without a work file.
 inline Text newFilePath(TextView drive, TextView fileName) { return besideTable(drive, fileName, u".new-"); }
+/// The copy of a new K file that comes from another disk.
+inline Text newItemFilePath(TextView drive, TextView fileName) { return besideTable(drive, fileName, u".new-K"); }
 /// The journal of a change in place.
 inline Text changeJournalPath(TextView drive, TextView fileName) { return besideTable(drive, fileName, u".change-"); }
 
@@ -34,6 +37,10 @@ inline Text changeJournalPath(TextView drive, TextView fileName) { return beside
 void tidy(const std::function<void()>& step);
 /// Deletes a file if there is one.
 void removeIfThere(ZORMOD& zormod, const Text& path);
+
+/// Gives what is left of an interrupted operation another name, because the table has been changed since, and tells the
+/// user so.
+void setAside(ZORMOD& zormod, const Text& path, const Text& unusedPath);
 
 /// Claims the work files of a drive for this copy of the program. Null if another copy has them.
 std::unique_ptr<TableLock> claimWorkFiles(ZORMOD& zormod, TextView drive);

@@ -76,15 +76,13 @@ HiddenFile makeHiddenFile(const std::string& folder, mode_t mode) {
         if (!file.isOpen()) {
             failFile();
         }
-        // Between these two lines another copy may have taken it for a leftover; then the next one has to do.
-        const bool isOurs = lock(file) || errno != EWOULDBLOCK;
-        try {
-            if (isOurs && isNamed(path, file)) {
-                return {path, std::move(file)};
-            }
-        } catch (...) {
-            unlink(path.c_str());
-            throw;
+        TemporaryName name(path);
+        // Ahead of the lock another copy may have taken it for a leftover; then that one deletes it, and the next name has
+        // to do.
+        if (!lock(file) && errno == EWOULDBLOCK) {
+            name.giveUp();
+        } else if (isNamed(path, file)) {
+            return {std::move(name), std::move(file)};
         }
     }
 }

@@ -5,12 +5,13 @@
 // may write and tidy in one folder. A file system without locks keeps its leftovers.
 
 #include "platform/posix/descriptor.h"
+#include "platform/posix/temporary_name.h"
 
 #include <string>
 
-/// A new, empty file open for writing, locked for as long as `file` is open.
+/// A new, empty file open for writing, locked for as long as `file` is open. The name goes away with `name`.
 struct HiddenFile {
-    std::string path;
+    TemporaryName name;
     Descriptor file;
 };
 

@@ -44,7 +44,7 @@ ReplacementFile::ReplacementFile(const std::string& path) : target_(withoutLinks
     const std::optional<Status> old = replaceable(target_);
     folder_ = openParentOf(target_);
     HiddenFile hidden = makeHiddenFile(parentOf(target_), modeFor(old));
-    temporary_.path = std::move(hidden.path);
+    temporary_ = std::move(hidden.name);
     file_ = std::move(hidden.file);
     takeOverFrom(old);
 }
@@ -61,19 +61,13 @@ ReplacementFile::ReplacementFile(const std::string& path, const std::string& tem
     if (!file_.isOpen()) {
         failFile();
     }
-    temporary_.path = temporary;
+    temporary_ = TemporaryName(temporary);
     takeOverFrom(old);
 }
 
 void ReplacementFile::takeOverFrom(const std::optional<Status>& old) {
     if (old) {
         takeOver(file_, *old);
-    }
-}
-
-ReplacementFile::TemporaryName::~TemporaryName() {
-    if (!path.empty()) {
-        unlink(path.c_str());
     }
 }
 
@@ -91,9 +85,9 @@ void ReplacementFile::copyFrom(const Descriptor& source) {
 
 void ReplacementFile::putInPlace() {
     if (uninterrupted([&] { return fsync(file_.number()); }) != 0 ||
-        std::rename(temporary_.path.c_str(), target_.c_str()) != 0) {
+        std::rename(temporary_.path().c_str(), target_.c_str()) != 0) {
         failFile();
     }
-    temporary_.path.clear();
+    temporary_.giveUp();
     syncFolder(folder_);
 }

@@ -8,6 +8,7 @@
 // hard links to the old file keep the old contents.
 
 #include "platform/posix/descriptor.h"
+#include "platform/posix/temporary_name.h"
 
 #include <optional>
 #include <string>
@@ -33,7 +34,7 @@ public:
     /// The new file, open for writing.
     const Descriptor& file() const { return file_; }
     /// The name it has until it is put in place.
-    const std::string& temporaryPath() const { return temporary_.path; }
+    const std::string& temporaryPath() const { return temporary_.path(); }
     /// Writes all bytes of `source` into it.
     void copyFrom(const Descriptor& source);
     /// Makes the new file durable and puts it in place. A failure of the very last step, making the rename durable, is
@@ -41,12 +42,6 @@ public:
     void putInPlace();
 
 private:
-    /// Takes the file of that name away with itself; an empty name is none.
-    struct TemporaryName {
-        ~TemporaryName();
-        std::string path;
-    };
-
     void takeOverFrom(const std::optional<Status>& old);
 
     std::string target_;

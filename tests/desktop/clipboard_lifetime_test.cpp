@@ -174,26 +174,33 @@ TEST(ClipboardLifetime, AClipboardManagerThatCannotSaveLeavesTheTextWithTheKeepe
     EXPECT_TRUE(isRunning(keeper));
 }
 
-TEST(ClipboardLifetime, ASignalToTheProgramsGroupLeavesTheKeeperAlone) {
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        setpgid(0, 0);
-        KeeperClipboard clipboard(ROMIKA_KEEPER);
-        const char sign = clipboard.write(u"生き残り") ? '1' : '0';
-        if (write(ready[1], &sign, 1) == 1)
-            pause();
-        _exit(1);
+TEST(ClipboardLifetime, ASignalThatKillsTheProgramAndItsGroupLeavesTheKeeperWithTheLastText) {
+    for (const int signal : {SIGTERM, SIGKILL}) {
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            setpgid(0, 0);
+            KeeperClipboard clipboard(ROMIKA_KEEPER);
+            const bool written = clipboard.write(u"初め") && clipboard.write(u"生き残り");
+            const pid_t keeper = written ? clipboard.keeperProcess() : 0;
+            if (write(ready[1], &keeper, sizeof keeper) == sizeof keeper)
+                pause();
+            _exit(1);
+        }
+        pid_t keeper = 0;
+        ASSERT_EQ(read(ready[0], &keeper, sizeof keeper), static_cast<ssize_t>(sizeof keeper));
+        ASSERT_NE(keeper, 0);
+        ASSERT_EQ(kill(-child, signal), 0);
+        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        EXPECT_EQ(pasteElsewhere(), "生き残り") << signal;
+        EXPECT_EQ(pasteElsewhere(), "生き残り") << signal;
+        EXPECT_TRUE(isRunning(keeper)) << signal;
+        ASSERT_TRUE(copyElsewhere("よその文"));
+        EXPECT_TRUE(ends(keeper)) << signal;
+        close(ready[0]);
+        close(ready[1]);
     }
-    char sign = 0;
-    ASSERT_EQ(read(ready[0], &sign, 1), 1);
-    ASSERT_EQ(sign, '1');
-    ASSERT_EQ(kill(-child, SIGTERM), 0);
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
-    EXPECT_EQ(pasteElsewhere(), "生き残り");
-    close(ready[0]);
-    close(ready[1]);
 }
 
 TEST(ClipboardLifetime, TheKeeperHasASessionOfItsOwnAndNoneOfOurDescriptors) {

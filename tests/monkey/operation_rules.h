@@ -10,6 +10,8 @@ enum class Effect {
     recordsRemoved, ///< a stretch of records goes
     recordsAdded,   ///< a stretch of blank records comes
     recordsMoved,   ///< the records come to stand in another order
+    recordsPasted,  ///< a stretch of records comes from the clip file
+    pastedOver,     ///< the clip file is put over the records from the current one on
     rangeCleared,   ///< the cells of the selected range become blank
     blockPut,       ///< a block is put elsewhere over the cells that are there
     itemsRemoved,   ///< the selected items go

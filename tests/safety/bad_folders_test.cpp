@@ -2,14 +2,13 @@
 // every key goes on answering.
 
 #include "edit/edit_world.h"
-#include "platform/failure.h"
-#include "safety/system_calls.h"
-#include "safety/writing_operations.h"
+#include "safety/folder_image.h"
+#include "safety/guarded_run.h"
 #include "sheet/bulk_rewrite.h"
-#include "sheet/failure_recovery.h"
 #include "sheet/record_file.h"
 #include "start/table_opening.h"
 #include "support/file_size_limit.h"
+#include "support/forked_child.h"
 
 #include <gtest/gtest.h>
 
@@ -27,21 +26,31 @@ const std::vector<KeyStroke> movingKeys = {
     plainKey(Key::down), plainKey(Key::up),       plainKey(Key::left),     plainKey(Key::right), plainKey(Key::pageDown),
     plainKey(Key::pageUp), ctrlKey(Key::down), ctrlKey(Key::up), ctrlKey(Key::left), ctrlKey(Key::right), plainKey(Key::enter)};
 
-/// Runs a key as the guard round the handlers does. True if it failed; the user is told then.
-bool fails(EditWorld& world, const std::function<void()>& key) {
-    const Position before = world.zormod.position;
-    try {
-        key();
-        return false;
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.kind, FailureKind::file);
-        if (failure.rowWrite) {
-            world.zormod.position = before;
-        }
-        world.dialogs.expectedMessages += 2;
-        putStateRight(world.zormod, failure);
-        return true;
+using Heard = std::vector<std::string>;
+
+const Heard nothing;
+const Heard fileFailure = {"ファイル操作に失敗しました"};
+/// The same where the table itself can't be read any more, and so is no longer open.
+const Heard tableIsGone = {"ﾛﾐｶﾌｧｲﾙでないか、項目設定を記述したﾌｧｲﾙが不良です", "ファイル操作に失敗しました"};
+
+/// What the user hears of a key, apart from speech.
+Heard press(EditWorld& world, const KeyStroke& key) {
+    return heardOfKey(world, world.zormod, [&] { world.press(key); });
+}
+
+/// Presses all moving keys. Each answers: with no message, or with one.
+void pressAll(EditWorld& world) {
+    for (const KeyStroke& key : movingKeys) {
+        EXPECT_LE(press(world, key).size(), 1U);
+        EXPECT_GE(world.record(), 1);
+        EXPECT_NO_THROW(getCell(world.zormod, world.zormod.position.curItem));
     }
+}
+
+/// Ends the program, as far as files and claims go.
+void letGo(TestWorld& world) {
+    closeAllFiles(world.zormod);
+    world.zormod.files.tableLock.reset();
 }
 
 struct FolderWorld : TestWorld {
@@ -69,14 +78,42 @@ TEST(BadFolders, AFolderThatBecomesReadOnlyRefusesTheRowAndKeepsIt) {
     openDataFile(world.zormod); // for reading only now
     world.type(u"x");
     world.enter();
-    EXPECT_TRUE(fails(world, [&] { world.press(Key::down); }));
+    EXPECT_EQ(press(world, plainKey(Key::down)), fileFailure);
     EXPECT_EQ(world.record(), 1);
     EXPECT_EQ(world.bytesOf("t.txt"), before);
     watch.heal();
     closeFile(world.zormod, 1);
     openDataFile(world.zormod);
-    EXPECT_FALSE(fails(world, [&] { world.press(Key::down); }));
+    EXPECT_EQ(press(world, plainKey(Key::down)), nothing);
     EXPECT_EQ(world.onDisk(1, 4), "x   ");
+}
+
+TEST(BadFolders, AReadOnlyTableInAReadOnlyFolderIsReadAndNeverChanged) {
+    EditWorld world;
+    world.numbered(30);
+    letGo(world);
+    const FolderImage before = imageOf(world.folder.path());
+    for (const auto& [name, bytes] : before) {
+        fs::permissions(world.folder.path() + "/" + name, fs::perms(0444));
+    }
+    fs::permissions(world.folder.path(), fs::perms(0555));
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
+        RunningCopy copy(world);
+        bool opens = false;
+        const bool isSilent =
+            heardOf(world, copy.zormod, [&] { opens = copy.open("t.txt") && recordCount(copy.zormod) == 30; }).empty();
+        const auto refuses = [&](const std::function<void()>& work) {
+            return heardOf(world, copy.zormod, work) == fileFailure && hasTable(copy.zormod);
+        };
+        return opens && isSilent && refuses([&] { swapTwo(copy.zormod, BulkRoad::workFile); }) &&
+               refuses([&] { swapTwo(copy.zormod, BulkRoad::inPlace); }) &&
+               refuses([&] {
+                   storeSlot(copy.zormod, currentSlot(copy.zormod), "x");
+                   commitRecord(copy.zormod);
+               });
+    }));
+    EXPECT_EQ(imageOf(world.folder.path()), before);
+    fs::permissions(world.folder.path(), fs::perms(0755));
 }
 
 TEST(BadFolders, AFolderThatVanishesLeavesEveryKeyAnswering) {
@@ -85,35 +122,67 @@ TEST(BadFolders, AFolderThatVanishesLeavesEveryKeyAnswering) {
     fs::remove_all(world.folder.path());
     world.type(u"x");
     world.enter();
-    EXPECT_TRUE(fails(world, [&] { world.press(Key::down); })); // the typed row has no place to go
+    EXPECT_EQ(press(world, plainKey(Key::down)), fileFailure); // the typed row has no place to go
     EXPECT_EQ(world.record(), 1);
-    for (const KeyStroke& key : movingKeys) {
-        fails(world, [&] { world.press(key); });
+    pressAll(world);
+    EXPECT_EQ(heardOf(world, world.zormod, [&] { swapTwo(world.zormod, BulkRoad::workFile); }), tableIsGone);
+    EXPECT_FALSE(hasTable(world.zormod));
+    pressAll(world);
+    EXPECT_FALSE(fs::exists(world.folder.path())) << "what is gone is not made again, empty";
+}
+
+TEST(BadFolders, AMediumThatIsPulledAndComesBackGetsTheTypedRow) {
+    EditWorld world;
+    world.numbered(30);
+    const std::string pulled = world.folder.path() + "-pulled";
+    world.type(u"x");
+    world.enter();
+    fs::rename(world.folder.path(), pulled);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(press(world, plainKey(Key::down)), fileFailure);
+        EXPECT_EQ(world.record(), 1);
     }
-    EXPECT_TRUE(fails(world, [&] { swapTwo(world.zormod, BulkRoad::workFile); }));
-    for (const KeyStroke& key : movingKeys) {
-        EXPECT_NO_THROW(fails(world, [&] { world.press(key); }));
-    }
+    fs::rename(pulled, world.folder.path());
+    EXPECT_EQ(press(world, plainKey(Key::down)), nothing);
+    EXPECT_EQ(world.record(), 2);
+    EXPECT_EQ(world.onDisk(1, 4), "x   ");
+    EXPECT_EQ(world.recordsOnDisk(), 30U);
 }
 
 TEST(BadFolders, AFullDiskRefusesTheNewRowAndKeepsItForTheNextTry) {
     EditWorld world;
     world.numbered(2);
+    const std::string before = world.bytesOf("t.txt");
     world.stand(3, 0);
     world.type(u"neu");
     world.enter();
     {
         const FileSizeLimit full(2 * recordLength + 100);
-        EXPECT_TRUE(fails(world, [&] { world.press(Key::down); }));
-        EXPECT_EQ(world.bytesOf("t.txt").size(), 2U * recordLength);
+        EXPECT_EQ(press(world, plainKey(Key::down)), fileFailure);
+        EXPECT_EQ(world.bytesOf("t.txt"), before);
         EXPECT_EQ(world.record(), 3);
-        EXPECT_TRUE(fails(world, [&] { swapTwo(world.zormod, BulkRoad::inPlace); }) || world.recordsOnDisk() == 2);
-        world.stand(3, 0);
-        world.type(u"neu");
-        world.enter();
     }
-    EXPECT_FALSE(fails(world, [&] { world.press(Key::down); }));
+    EXPECT_EQ(press(world, plainKey(Key::down)), nothing);
+    EXPECT_EQ(world.bytesOf("t.txt").substr(0, before.size()), before);
     EXPECT_EQ(world.onDisk(3, 4), "neu ");
+    EXPECT_EQ(world.recordsOnDisk(), 3U);
+}
+
+TEST(BadFolders, AFullDiskRefusesARewriteAndLeavesNothingOfIt) {
+    for (const BulkRoad road : {BulkRoad::workFile, BulkRoad::inPlace}) {
+        EditWorld world;
+        world.numbered(30);
+        const FolderImage before = imageOf(world.folder.path());
+        {
+            const FileSizeLimit full(recordLength + 100);
+            EXPECT_EQ(heardOf(world, world.zormod, [&] { swapTwo(world.zormod, road); }), fileFailure);
+        }
+        EXPECT_EQ(world.bytesOf("t.txt"), before.at("t.txt"));
+        pressAll(world);
+        letGo(world);
+        EXPECT_TRUE(RunningCopy(world).open("t.txt"));
+        EXPECT_EQ(imageOf(world.folder.path()), before);
+    }
 }
 
 TEST(BadFolders, ATableBehindALinkKeepsItsLink) {
@@ -169,21 +238,21 @@ TEST(BadFolders, APathOfFourThousandBytesIsUsedOrRefusedButNeverHalfUsed) {
         fs::copy_file(world.native("kt.txt"), folder + "/kt.txt", none);
         RunningCopy copy(world);
         const Text path = world.files.fromCommandLine(Text(table.begin(), table.end()));
-        world.dialogs.expectedMessages = 1;
         bool opened = false;
-        EditScreen edit(copy.zormod);
-        try {
+        const Heard heard = heardOf(world, copy.zormod, [&] {
             opened = openInsteadOfOld(copy.zormod, path.substr(2), path.substr(0, 1));
             if (opened) {
                 EXPECT_EQ(swapTwo(copy.zormod, BulkRoad::inPlace), BulkEnd::done);
             }
-        } catch (const RuntimeFailure& failure) {
-            EXPECT_EQ(failure.kind, FailureKind::file);
-        }
+        });
         std::ifstream in(table, std::ios::binary);
         const std::string now{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-        EXPECT_EQ(now.size(), 2U * recordLength);
-        EXPECT_TRUE(opened || length > 4000) << length;
+        const std::string old = world.bytesOf("t.txt");
+        const std::string swapped = old.substr(recordLength) + old.substr(0, recordLength);
+        EXPECT_TRUE(opened || heard.size() == 1) << length;
+        EXPECT_TRUE(now == (heard.empty() ? swapped : old)) << length;
+        EXPECT_LE(heard.size(), length > 4000 ? 1U : 0U) << length;
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), fs::exists(folder + "/kt.txt") ? 2 : 1) << length;
     }
 }
 
@@ -210,19 +279,58 @@ TEST(BadFolders, ATableOfThreeGibibytesIsWalkedAndGrowsAtOnce) {
     EXPECT_EQ(last.substr(254), "\r\n");
 }
 
-TEST(BadFolders, AFileThatShrinksOrGrowsBehindTheProgramsBackLeavesEveryKeyAnswering) {
-    for (const int records : {0, 1, 3, 200}) {
-        EditWorld world;
-        world.numbered(60);
-        world.stand(40, 1);
-        fs::resize_file(world.folder.path() + "/t.txt", static_cast<std::uintmax_t>(records) * recordLength + 17);
-        for (const KeyStroke& key : movingKeys) {
-            fails(world, [&] { world.press(key); });
-            EXPECT_GE(world.record(), 1);
-            EXPECT_NO_THROW(getCell(world.zormod, world.zormod.position.curItem));
+TEST(BadFolders, ATableCutBehindTheProgramsBackIsToldAndNotFilledUpAgain) {
+    for (const int records : {0, 1, 3, 38}) {
+        for (const bool isTyped : {false, true}) {
+            EditWorld world;
+            world.numbered(60);
+            world.stand(40, 1);
+            fs::resize_file(world.folder.path() + "/t.txt", static_cast<std::uintmax_t>(records) * recordLength + 17);
+            const std::string cut = world.bytesOf("t.txt");
+            if (isTyped) {
+                world.type(u"x");
+                world.enter();
+            }
+            EXPECT_EQ(press(world, plainKey(Key::down)), fileFailure);
+            EXPECT_EQ(world.record(), records + 1);
+            for (const KeyStroke& key : movingKeys) {
+                EXPECT_EQ(press(world, key), nothing);
+                EXPECT_LE(world.record(), records + 1);
+            }
+            EXPECT_EQ(world.bytesOf("t.txt"), cut);
         }
-        EXPECT_GE(currentSlot(world.zormod), 2);
     }
+}
+
+TEST(BadFolders, ATableCutRightAboveTheRowTakesItAsItsNewLastOne) {
+    EditWorld world;
+    world.numbered(60);
+    world.stand(40, 1);
+    fs::resize_file(world.folder.path() + "/t.txt", 39 * recordLength);
+    EXPECT_EQ(press(world, plainKey(Key::down)), nothing);
+    EXPECT_EQ(world.recordsOnDisk(), 40U);
+    EXPECT_EQ(world.onDisk(40, 8), "    n40 ");
+}
+
+TEST(BadFolders, ATableThatGrowsBehindTheProgramsBackKeepsWhatHasCome) {
+    EditWorld world;
+    world.numbered(60);
+    world.stand(60, 1);
+    std::string grown = world.bytesOf("t.txt");
+    for (int i = 0; i < 5; ++i) {
+        grown += std::string(254, static_cast<char>('a' + i)) + "\r\n";
+    }
+    world.writeFile("t.txt", grown);
+    world.type(u"x");
+    world.enter();
+    for (const KeyStroke& key : movingKeys) {
+        EXPECT_EQ(press(world, key), nothing);
+    }
+    EXPECT_EQ(world.bytesOf("t.txt").substr(60 * recordLength), grown.substr(60 * recordLength));
+    EXPECT_EQ(world.onDisk(60, 8), "    x   ");
+    press(world, ctrlKey(Key::down));
+    EXPECT_EQ(world.record(), 65);
+    EXPECT_EQ(world.cell(0), "eeee");
 }
 
 TEST(BadFolders, ATableOnAnotherFileSystemIsSwappedByACopy) {

@@ -1,9 +1,8 @@
 #include "safety/fault_runs.h"
 
-#include "platform/failure.h"
 #include "safety/folder_image.h"
+#include "safety/guarded_run.h"
 #include "safety/system_calls.h"
-#include "sheet/failure_recovery.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -17,7 +16,6 @@
 
 namespace {
 
-constexpr int manyMessages = 1000;
 constexpr int mostCalls = 5000; ///< a loop over the calls that doesn't end by then never will
 
 /// What an untouched run makes of the folder, and the steps it takes.
@@ -50,31 +48,16 @@ void closeTable(ZORMOD& zormod) {
     zormod.files.tableLock.reset();
 }
 
-/// Runs `work` as the guard round every handler does: the state is put right after a failure, and it is reported once.
-/// Returns how many messages the user heard.
+/// How many messages the user heard of `work`.
 std::size_t runGuarded(TestWorld& world, ZORMOD& zormod, const std::function<void()>& work) {
-    world.dialogs.expectedMessages = manyMessages;
-    world.dialogs.messages.clear();
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        try {
-            putStateRight(zormod, failure);
-        } catch (const RuntimeFailure&) {
-            // Reported once, below.
-        }
-        if (!failure.isTold) {
-            world.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle));
-        }
-    }
-    return world.dialogs.messages.size();
+    return heardOf(world, zormod, work).size();
 }
 
 CleanRun cleanRun(const WritingOperation& operation) {
     SafetyWorld world(operation);
     RunningCopy copy(world);
     if (operation.opensTable) {
-        copy.open("t.txt");
+        copy.open(operation.dataFile());
     }
     const FolderImage before = imageOf(world.folder.path());
     CallWatch watch(world.folder.path());
@@ -148,6 +131,15 @@ private:
     void crash(bool powerCut);
     void spoilRecovery();
     void changeMeanwhile();
+    /// Ways in which a table in the state `image` may be changed before its next opening, each with its judgement.
+    void bringBack(const FolderImage& image);
+    void replaceByAnother(const FolderImage& image);
+    void edit(const FolderImage& image);
+    void moveAway(const FolderImage& image);
+    /// Opens the table `name` of `changed`. The user is told once if what was left of the operation can't be used, and
+    /// nothing otherwise. Returns how many messages they heard.
+    std::size_t openChanged(const std::string& where, const FolderImage& changed, const std::string& name);
+    void expectUntouched(const std::string& where, const FolderImage& changed);
 
     /// All states that a disk may be in while `steps` are carried out on it.
     Images statesOf(SimulatedDisk disk, const std::vector<DiskStep>& steps, bool powerCut) const;
@@ -210,7 +202,7 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
         RunningCopy copy(world_);
         ZORMOD& zormod = copy.zormod;
         if (operation_.opensTable) {
-            copy.open("t.txt");
+            copy.open(operation_.dataFile());
         }
         CallWatch watch(folder());
         watch.failAt(n, fault);
@@ -220,8 +212,10 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
         if (!met) {
             return false;
         }
-        // On a disk that fails for good each routine that meets it says so, the refusal of the item file among them.
-        if (told > (fault.fromThenOn ? 3U : 1U)) {
+        // On a disk that fails for good each routine that meets it says so: the operation itself, the refusal of an item
+        // file that can't even be read, and the report of the failure.
+        const std::size_t most = !fault.fromThenOn ? 1 : fault.error == EIO ? 3 : 2;
+        if (told > most) {
             judge(where, {"the user was told " + std::to_string(told) + " times"});
         }
         if (told == 0 && !isDone(imageOf(folder()), clean_)) {
@@ -245,7 +239,7 @@ void FaultRuns::next(RunningCopy& copy) {
     if (operation_.next) {
         operation_.next(world_, copy);
     } else {
-        copy.open("t.txt");
+        copy.open(operation_.dataFile());
     }
 }
 
@@ -348,57 +342,109 @@ void FaultRuns::changeMeanwhile() {
     if (operation_.next) {
         return; // the table t.txt is not what it is about
     }
-    const std::set<std::string> table = {"t.txt", "kt.txt"};
     for (const FolderImage& image : unfinishedStates()) {
-        if (!image.contains("t.txt") || !image.contains("kt.txt")) {
+        if (image.contains(operation_.dataFile()) && image.contains(operation_.itemFile())) {
+            bringBack(image);
+            replaceByAnother(image);
+            edit(image);
+            moveAway(image);
+        }
+    }
+}
+
+std::size_t FaultRuns::openChanged(const std::string& where, const FolderImage& changed, const std::string& name) {
+    restore(folder(), changed);
+    RunningCopy copy(world_);
+    const std::size_t told = runGuarded(world_, copy.zormod, [&] { copy.open(name); });
+    closeTable(copy.zormod);
+    ++report_.points;
+    const FolderImage now = imageOf(folder());
+    const bool isSetAside = std::any_of(now.begin(), now.end(), [](const auto& file) {
+        return file.first.find(".unused-") != std::string::npos;
+    });
+    if (told != (isSetAside ? 1U : 0U)) {
+        judge(where, {"the user was told " + std::to_string(told) + " times"});
+    }
+    return told;
+}
+
+void FaultRuns::expectUntouched(const std::string& where, const FolderImage& changed) {
+    const FolderImage now = imageOf(folder());
+    for (const auto& name : {operation_.dataFile(), operation_.itemFile()}) {
+        if (!now.contains(name) || now.at(name) != changed.at(name)) {
+            judge(where, {"the recovery wrote to " + name});
+        }
+    }
+}
+
+void FaultRuns::bringBack(const FolderImage& image) {
+    FolderImage changed = image;
+    for (const auto& name : {operation_.dataFile(), operation_.itemFile()}) {
+        changed[name] = clean_.before.at(name);
+    }
+    openChanged("brought back", changed, operation_.dataFile());
+    expectUntouched("brought back", changed);
+    openAndJudge("brought back, opened again");
+}
+
+void FaultRuns::replaceByAnother(const FolderImage& image) {
+    // Of the same table, later: some rows differ, one has come, the memo is another.
+    FolderImage changed = image;
+    std::string records = clean_.before.at(operation_.dataFile());
+    for (std::size_t at = 0; at < records.size(); at += recordLength) {
+        records.replace(at + 5, 3, "new");
+    }
+    changed[operation_.dataFile()] = records + records.substr(0, recordLength);
+    std::string items = clean_.before.at(operation_.itemFile());
+    changed[operation_.itemFile()] = items.replace(items.find("memo"), 4, "later");
+    openChanged("another version", changed, operation_.dataFile());
+    expectUntouched("another version", changed);
+}
+
+void FaultRuns::edit(const FolderImage& image) {
+    // That record is theirs, whatever becomes of the others. If it stands among new records, and the items can't be known
+    // to belong to it, the user must know that.
+    const FolderImage& before = clean_.before;
+    const FolderImage& after = clean_.after;
+    const bool isNewUnderOldItems =
+        image.at(operation_.dataFile()) == after.at(operation_.dataFile()) &&
+        before.at(operation_.dataFile()) != after.at(operation_.dataFile()) &&
+        image.at(operation_.itemFile()) == before.at(operation_.itemFile()) &&
+        before.at(operation_.itemFile()) != after.at(operation_.itemFile());
+    for (const std::size_t record : {1U, 3U, 6U}) {
+        FolderImage changed = image;
+        std::string& records = changed[operation_.dataFile()];
+        const std::size_t at = record * recordLength + 5;
+        if (at + 3 > records.size()) {
             continue;
         }
-        // Brought back from a copy of the table as it was.
-        FolderImage changed = image;
-        for (const auto& name : table) {
-            changed[name] = clean_.before.at(name);
+        records.replace(at, 3, "ABC");
+        const std::size_t told = openChanged("edited", changed, operation_.dataFile());
+        if (isNewUnderOldItems && told == 0) {
+            judge("edited", {"the items don't fit, and the user doesn't know"});
         }
-        restore(folder(), changed);
-        openAndJudge("brought back");
-        if (imageOf(folder()).at("t.txt") != changed["t.txt"] || imageOf(folder()).at("kt.txt") != changed["kt.txt"]) {
-            judge("brought back", {"the recovery wrote to it"});
+        if (imageOf(folder()).at(operation_.dataFile()).compare(at, 3, "ABC") != 0) {
+            judge("edited", {"the recovery wrote over record " + std::to_string(record + 1)});
         }
-        // A record edited by another program: that record is theirs, whatever becomes of the others.
-        for (const std::size_t record : {1U, 3U, 6U}) {
-            changed = image;
-            const std::size_t at = record * recordLength + 5;
-            if (at + 3 > changed["t.txt"].size()) {
-                continue;
-            }
-            changed["t.txt"].replace(at, 3, "ABC");
-            restore(folder(), changed);
-            RunningCopy copy(world_);
-            runGuarded(world_, copy.zormod, [&] { copy.open("t.txt"); });
-            closeTable(copy.zormod);
-            const FolderImage now = imageOf(folder());
-            if (now.at("t.txt").compare(at, 3, "ABC") != 0) {
-                judge("edited", {"the recovery wrote over record " + std::to_string(record + 1)});
-            }
-            ++report_.points;
-        }
-        // Moved to another folder, with the hidden files beside it.
-        changed.clear();
-        for (const auto& [name, bytes] : image) {
-            changed[name.ends_with("t.txt") ? "moved/" + name : name] = bytes;
-        }
-        restore(folder(), changed);
-        {
-            RunningCopy copy(world_);
-            runGuarded(world_, copy.zormod, [&] { copy.open("moved\\t.txt"); });
-            closeTable(copy.zormod);
-        }
-        FolderImage back;
-        for (const auto& [name, bytes] : imageOf(folder())) {
-            back[name.starts_with("moved/") ? name.substr(6) : name] = bytes;
-        }
-        judge("moved", problemsOf(back, clean_.before, clean_.after, operation_));
-        report_.points += 2;
     }
+}
+
+void FaultRuns::moveAway(const FolderImage& image) {
+    // To another folder, with the hidden files beside it; a disk as a whole.
+    const std::string moved = "moved/";
+    const auto isOfTable = [&](const std::string& name) {
+        return operation_.disk.empty() ? name.ends_with("t.txt") : name.starts_with(operation_.disk);
+    };
+    FolderImage changed;
+    for (const auto& [name, bytes] : image) {
+        changed[isOfTable(name) ? moved + name.substr(operation_.disk.size()) : name] = bytes;
+    }
+    openChanged("moved", changed, moved + "t.txt");
+    FolderImage back;
+    for (const auto& [name, bytes] : imageOf(folder())) {
+        back[name.starts_with(moved) ? operation_.disk + name.substr(moved.size()) : name] = bytes;
+    }
+    judge("moved", problemsOf(back, clean_.before, clean_.after, operation_));
 }
 
 } // namespace

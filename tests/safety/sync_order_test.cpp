@@ -63,6 +63,19 @@ TEST(SyncOrder, BothFoldersOfAMoveAreDurable) {
     EXPECT_EQ(wordsOf(watch), "sync rename sync-folder sync-folder");
 }
 
+TEST(SyncOrder, ACopyToAnotherDiskIsDurableBeforeTheFileItCameFromGoes) {
+    OrderFolder world;
+    world.files.makeFolder(world.path(u"disk"));
+    const SecondDisk disk(world.native("disk"));
+    world.make("a.txt", "bytes");
+    world.make("disk/b.txt", "old");
+    CallWatch watch(world.folder.path());
+    world.files.moveIntoPlace(world.path(u"a.txt"), world.path(u"disk\\b.txt"));
+    EXPECT_EQ(wordsOf(watch), "sync create write sync rename sync-folder unlink sync-folder sync-folder");
+    EXPECT_EQ(watch.steps()[5].path, "disk");
+    EXPECT_EQ(world.bytesOf("disk/b.txt"), "bytes");
+}
+
 TEST(SyncOrder, ARowIsDurableWhenItsWriteReturns) {
     OrderFolder world;
     world.make("a.txt", "old old");

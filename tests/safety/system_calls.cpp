@@ -12,6 +12,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 // The real ones, and ours in their place: the linker's --wrap gives them these names.
 extern "C" {
@@ -66,6 +67,7 @@ struct CallWatch::State {
     CallFault fault;
     int callsToFault = 0; ///< 0: none is planned
     int faults = 0;
+    std::function<void()> look;
 
     /// The path below the watched folder; empty if it is not in it, and for the folder itself an empty text.
     std::optional<std::string> below(const std::string& path) const {
@@ -115,12 +117,23 @@ struct CallWatch::State {
 namespace {
 
 CallWatch::State* watching = nullptr;
+std::string secondDisk; // empty: there is only one
 bool syncsArePretended = false;
 
 /// The watch, if the call touches its folder.
 template <typename Where> CallWatch::State* watchOf(const Where& where) {
-    return watching != nullptr && watching->below(where) ? watching : nullptr;
+    if (watching == nullptr || !watching->below(where)) {
+        return nullptr;
+    }
+    if (watching->look) {
+        CallWatch::State* const watch = std::exchange(watching, nullptr);
+        watch->look();
+        watching = watch;
+    }
+    return watching;
 }
+
+bool isOnSecondDisk(const std::string& path) { return !secondDisk.empty() && path.starts_with(secondDisk + "/"); }
 
 bool isThere(const char* path) {
     struct stat status {};
@@ -218,6 +231,10 @@ int __wrap_rename(const char* from, const char* to) {
     if (watch != nullptr && watch->fails(CallClass::makesName)) {
         return -1;
     }
+    if (isOnSecondDisk(from) != isOnSecondDisk(to)) {
+        errno = EXDEV;
+        return -1;
+    }
     const int result = __real_rename(from, to);
     if (watch != nullptr && result == 0) {
         watch->steps.push_back({Kind::rename, *watch->below(std::string(from)), *watch->below(std::string(to))});
@@ -297,6 +314,7 @@ void CallWatch::failAt(int n, const CallFault& fault) {
 }
 
 void CallWatch::heal() { state_->callsToFault = 0; }
+void CallWatch::lookAheadOfEachCall(std::function<void()> look) { state_->look = std::move(look); }
 int CallWatch::faults() const { return state_->faults; }
 const std::vector<DiskStep>& CallWatch::steps() const { return state_->steps; }
 
@@ -304,6 +322,14 @@ int CallWatch::numberOf(const std::string& path) const {
     const auto found = state_->numbersAtStart.find(path);
     return found == state_->numbersAtStart.end() ? 0 : found->second;
 }
+
+SecondDisk::SecondDisk(std::string folder) {
+    if (!secondDisk.empty()) {
+        std::abort();
+    }
+    secondDisk = std::move(folder);
+}
+SecondDisk::~SecondDisk() { secondDisk.clear(); }
 
 PretendedSyncs::PretendedSyncs() { syncsArePretended = true; }
 PretendedSyncs::~PretendedSyncs() { syncsArePretended = false; }

@@ -7,6 +7,7 @@
 // Used by the fault runs and by the tests of the order in which the file layer makes things durable.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,6 +52,8 @@ public:
     void failAt(int n, const CallFault& fault);
     /// Nothing fails any more.
     void heal();
+    /// Runs `look` ahead of every call that touches the folder; what `look` itself calls is not watched.
+    void lookAheadOfEachCall(std::function<void()> look);
     /// Faults met since the last plan.
     int faults() const;
     /// What was done to the folder so far, failed calls left out.
@@ -62,6 +65,16 @@ public:
 
 private:
     std::unique_ptr<State> state_;
+};
+
+/// While it lives, the folder at the native path counts as another disk than all the rest: no rename leads into it or out
+/// of it. Only one may live at a time.
+class SecondDisk {
+public:
+    explicit SecondDisk(std::string folder);
+    ~SecondDisk();
+    SecondDisk(const SecondDisk&) = delete;
+    SecondDisk& operator=(const SecondDisk&) = delete;
 };
 
 /// While it lives, a sync returns at once: what is durable is worked out from the steps, and a thousand runs needn't

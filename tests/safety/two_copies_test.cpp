@@ -2,6 +2,7 @@
 
 #include "safety/writing_operations.h"
 #include "sheet/bulk_rewrite.h"
+#include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
 #include "support/forked_child.h"
@@ -10,8 +11,11 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -47,6 +51,14 @@ struct CopiesWorld : TestWorld {
         return opened;
     }
 };
+
+/// True if a program could claim the file now.
+bool isUnclaimed(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool isFree = file >= 0 && flock(file, LOCK_EX | LOCK_NB) == 0;
+    close(file);
+    return isFree;
+}
 
 const std::vector<std::string> twoTables = {"kt.txt", "ku.txt", "t.txt", "u.txt"};
 
@@ -114,6 +126,62 @@ TEST(TwoCopies, TheClaimOutlivesCloseReopenAndRewrite) {
     }
     EXPECT_EQ(other.end(), 0);
     EXPECT_TRUE(world.opens("t.txt"));
+}
+
+TEST(TwoCopies, TheClaimIsHeldAtEveryStepOfEveryOperation) {
+    int operations = 0;
+    for (const WritingOperation& operation : writingOperations()) {
+        SafetyWorld world(operation);
+        RunningCopy copy(world);
+        if (!operation.opensTable || !copy.open(operation.dataFile())) {
+            continue;
+        }
+        const Text name = copy.zormod.file.fileName;
+        const std::string path = world.folder.path() + "/" + operation.dataFile();
+        int steps = 0;
+        int unclaimed = 0;
+        {
+            CallWatch watch(world.folder.path());
+            watch.lookAheadOfEachCall([&] {
+                ++steps;
+                unclaimed += isUnclaimed(path) ? 1 : 0;
+            });
+            operation.run(world, copy.zormod);
+        }
+        if (copy.zormod.file.fileName == name && hasTable(copy.zormod)) { // and not another table, or none
+            ++operations;
+            EXPECT_GT(steps, 2) << operation.name;
+            EXPECT_EQ(unclaimed, 0) << operation.name;
+            EXPECT_FALSE(isUnclaimed(path)) << operation.name;
+            copy.zormod.files.tableLock.reset();
+            EXPECT_TRUE(isUnclaimed(path)) << operation.name << ": the test sees no claim at all";
+        }
+    }
+    EXPECT_GT(operations, 25);
+}
+
+TEST(TwoCopies, OneThatIsKilledAmidRecordsInPlaceLeavesThemToTheNextThatOpensTheTable) {
+    CopiesWorld world;
+    const std::string old = world.bytesOf("t.txt");
+    ForkedChild other([&](const ChildSide& side) {
+        RunningCopy copy(world);
+        if (!copy.open("t.txt")) {
+            return false;
+        }
+        changeInPlace(copy.zormod, {.name = u"上書き張り付け作業中", .spans = {{1, 3}}}, [&](RecordChanges& run) {
+            run.write(1, "new");
+            side.giveSign();
+            side.waitForSign();
+        });
+        return true;
+    });
+    ASSERT_TRUE(other.waitForSign());
+    EXPECT_FALSE(world.opens("t.txt"));
+    world.dialogs.messages.clear();
+    other.kill();
+    EXPECT_TRUE(world.opens("t.txt"));
+    EXPECT_EQ(world.bytesOf("t.txt"), old);
+    EXPECT_EQ(world.entries(), twoTables);
 }
 
 TEST(TwoCopies, OneWorkFolderServesOneRewriteAtATime) {

@@ -17,6 +17,9 @@
 #include "structure/width_rewrite.h"
 #include "voice/program_end.h"
 
+#include <algorithm>
+#include <filesystem>
+
 namespace {
 
 Text wide(const std::string& ascii) { return Text(ascii.begin(), ascii.end()); }
@@ -152,6 +155,26 @@ void addItemAndBlockOperations(std::vector<WritingOperation>& list) {
                     .first = {"ZORCLip"}});
 }
 
+/// The operations that carry a file from the program's folder to the table's, with a disk's border between the two.
+void addOperationsAcrossDisks(std::vector<WritingOperation>& list) {
+    const std::string disk = "disk/";
+    const std::vector<std::set<std::string>> pairs = {{"disk/t.txt", "disk/kt.txt"}};
+    list.push_back({.name = "Rewrite to another disk, items kept",
+                    .disk = disk,
+                    .run = [](TestWorld&, ZORMOD& zormod) { dropEveryThird(zormod); },
+                    .pairs = pairs});
+    list.push_back({.name = "Rewrite to another disk, other items",
+                    .disk = disk,
+                    .run = [](TestWorld&, ZORMOD& zormod) { widenFirstItem(zormod); },
+                    .pairs = pairs});
+    list.push_back({.name = "Records on another disk are deleted",
+                    .prepare = [](TestWorld& world) { world.writeFile("ZORCLip", " 1 \r\n"); },
+                    .disk = disk,
+                    .run = [](TestWorld&, ZORMOD& zormod) { deleteRecords(zormod, 2, 3); },
+                    .pairs = pairs,
+                    .first = {"ZORCLip"}});
+}
+
 void addWidthOperations(std::vector<WritingOperation>& list) {
     list.push_back({.name = "The widths are changed", .run = [](TestWorld&, ZORMOD& zormod) {
                         const auto before = zormod.items.itemWidth;
@@ -218,6 +241,7 @@ std::vector<WritingOperation> makeList() {
                     }});
     list.push_back({.name = "Rewrite beside the table, own items",
                     .run = [](TestWorld&, ZORMOD& zormod) { widenInPlace(zormod); }});
+    addOperationsAcrossDisks(list);
     addRecordOperations(list);
     addItemAndBlockOperations(list);
     addWidthOperations(list);
@@ -260,7 +284,8 @@ RunningCopy::RunningCopy(TestWorld& world)
 }
 
 bool RunningCopy::open(const std::string& name) {
-    const Text path = zormod.file.programFolder + wide(name);
+    Text path = zormod.file.programFolder + wide(name);
+    std::replace(path.begin(), path.end(), u'/', u'\\');
     return openInsteadOfOld(zormod, path.substr(2), path.substr(0, 1));
 }
 
@@ -273,6 +298,14 @@ SafetyWorld::SafetyWorld(const WritingOperation& operation) {
     forms.loaded.insert(u"Form1");
     makeTable("t.txt", {{u"ID", u"L", 4}, {u"氏名", u"R", 8}},
               {{u"1", u"山田"}, {u"2", u"佐藤"}, {u"3", u"a"}, {u"4", u""}, {u"5", u"鈴木一郎"}, {u"6", u"b"}, {u"7", u"c"}});
+    if (!operation.disk.empty()) {
+        namespace fs = std::filesystem;
+        const std::string root = folder.path() + "/";
+        fs::create_directory(root + operation.disk);
+        fs::rename(root + "t.txt", root + operation.dataFile());
+        fs::rename(root + "kt.txt", root + operation.itemFile());
+        disk_.emplace(root + operation.disk.substr(0, operation.disk.size() - 1));
+    }
     if (operation.prepare) {
         operation.prepare(*this);
     }

@@ -3,9 +3,11 @@
 // fail and die at every step; an operation that is not in this list is not known to be safe. A new one is added here
 // and nowhere else.
 
+#include "safety/system_calls.h"
 #include "support/test_world.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,7 +16,8 @@
 /// `world`, whose doubles it shares.
 struct RunningCopy {
     explicit RunningCopy(TestWorld& world);
-    /// Opens the table `name` of the folder as the program does, recovery included. False: refused, and told.
+    /// Opens the table `name`, a path below the folder with "/", as the program does, recovery included. False: refused,
+    /// and told.
     bool open(const std::string& name);
 
     PosixFiles files;
@@ -26,6 +29,8 @@ struct WritingOperation {
     std::string name; ///< as the table of results shows it
     /// Makes further files beside the table t.txt, which is always there and, with `opensTable`, open.
     std::function<void(TestWorld&)> prepare{};
+    /// The table lies in this folder below the program's, such as "disk/", and on another disk; empty: beside the program.
+    std::string disk{};
     std::function<void(TestWorld&, ZORMOD&)> run;
     bool opensTable = true;
     /// Groups of files that are only together as before the operation or as after it. A file that is in no group is
@@ -41,6 +46,10 @@ struct WritingOperation {
     bool formMayStay = false;
     /// What a user does next after a crash; by default the table t.txt is opened.
     std::function<void(TestWorld&, RunningCopy&)> next{};
+
+    /// The names of data file and item file below the program's folder.
+    std::string dataFile() const { return disk + "t.txt"; }
+    std::string itemFile() const { return disk + "kt.txt"; }
 };
 
 /// All of them.
@@ -49,4 +58,7 @@ const std::vector<WritingOperation>& writingOperations();
 /// The world of an operation: seven records in two items, and what the operation wants beside them.
 struct SafetyWorld : TestWorld {
     explicit SafetyWorld(const WritingOperation& operation);
+
+private:
+    std::optional<SecondDisk> disk_;
 };

@@ -305,6 +305,24 @@ TEST(BulkRewrite, ATableReplacedMeanwhileIsNotOverwritten) {
     EXPECT_EQ(world.bytesOf("t.txt"), other);
 }
 
+TEST(BulkRewrite, ATableThatGrewOrShrankMeanwhileIsNotOverwritten) {
+    for (const int records : {2, 4}) {
+        for (const BulkRoad road : {BulkRoad::workFile, BulkRoad::inPlace}) {
+            BulkWorld world(3);
+            const auto length = static_cast<std::uintmax_t>(records) * recordLength;
+            std::string now;
+            EXPECT_THROW(bulkRewrite(world.zormod, {.name = u"記録移動中", .road = road},
+                                     [&](BulkRun& run) {
+                                         run.copy(1, run.records());
+                                         std::filesystem::resize_file(world.folder.path() + "/t.txt", length);
+                                         now = world.bytesOf("t.txt");
+                                     }),
+                         RuntimeFailure);
+            EXPECT_EQ(world.bytesOf("t.txt"), now);
+        }
+    }
+}
+
 TEST(WorkItemFile, HoldsTheOtherItemsAndTheMemo) {
     BulkWorld world;
     ItemTable& items = world.zormod.otherItems;

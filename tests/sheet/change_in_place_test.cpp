@@ -197,6 +197,21 @@ TEST(ChangeInPlace, AfterwardsTheWindowIsFreshAndSelectionAndTaskAreGivenUp) {
     EXPECT_NE(utf8(world.screen.title).find("記録数:22"), std::string::npos);
 }
 
+TEST(ChangeInPlace, ATableThatGrewOrShrankMeanwhileIsNotTouched) {
+    for (const std::int32_t records : {699, 701}) {
+        ChangeWorld world(700);
+        const std::string other = recordsOf(1, records, 'z');
+        EXPECT_THROW(changeInPlace(world.zormod, {.name = u"記録移動中", .spans = {{1, 20}}},
+                                   [&](RecordChanges& run) {
+                                       run.write(1, "new");
+                                       world.writeFile("t.txt", other); // the same file with other bytes
+                                   }),
+                     RuntimeFailure);
+        EXPECT_EQ(world.now(), other);
+        EXPECT_EQ(world.entries(), tableAlone);
+    }
+}
+
 TEST(ChangeInPlace, ATableReplacedBehindOurBackIsNotTouched) {
     for (const std::int32_t to : {20, 600}) {
         ChangeWorld world(700);

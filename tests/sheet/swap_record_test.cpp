@@ -1,4 +1,5 @@
 #include "sheet/bulk_world.h"
+#include "sheet/stored_numbers.h"
 #include "support/forked_child.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,24 @@ struct HalfSwapped : BulkWorld {
         EXPECT_EQ(bytesOf("kt.txt"), oldItems);
     }
     void recover() { recoverTable(zormod, zormod.file.fileName, zormod.file.fileDrive); }
+    /// The next opening changes nothing, tells so once, and keeps the record under another name.
+    void expectLeftAlone(std::set<std::string> names) {
+        const std::string data = bytesOf("t.txt");
+        const std::string items = bytesOf("kt.txt");
+        const std::string record = bytesOf(".swap-t.txt");
+        dialogs.expectedMessages = 1;
+        recover();
+        EXPECT_EQ(bytesOf("t.txt"), data);
+        EXPECT_EQ(bytesOf("kt.txt"), items);
+        EXPECT_EQ(bytesOf(".unused-swap-t.txt"), record);
+        names.insert(".unused-swap-t.txt");
+        EXPECT_EQ(entries(), names);
+        ASSERT_EQ(dialogs.messages.size(), 1U);
+        EXPECT_EQ(utf8(dialogs.messages[0].text),
+                  "前の作業が途中で終わりましたが、その後に表が変わっているため、続きを行いませんでした。表の内容を確認してください");
+        EXPECT_EQ(utf8(dialogs.messages[0].title), "確認");
+        recover(); // no second message: none is expected any more
+    }
 
     std::string oldData;
     std::string oldItems;
@@ -79,26 +98,56 @@ TEST(SwapRecord, ATableBroughtBackFromABackupStaysAsItIs) {
     EXPECT_EQ(world.entries(), tableAlone);
 }
 
-TEST(SwapRecord, AnItemFileChangedMeanwhileStaysAsItIs) {
+TEST(SwapRecord, ALongTableBroughtBackIsKnownByItsEnds) {
     HalfSwapped world;
-    const std::string edited = world.oldItems + " ";
-    world.writeFile("kt.txt", edited);
+    world.oldData = std::string(400 * recordLength, 'o');
+    const Bytes record = world.bytesOf(".swap-t.txt");
+    world.writeFile("t.txt", world.oldData);
+    const auto old = world.files.openBulk(world.zormod.file.programFolder + u"t.txt");
+    Bytes changed = record.substr(0, 24);
+    appendNumber(changed, world.oldData.size());
+    appendNumber(changed, sampleOf(*old));
+    changed += record.substr(40);
+    for (const std::size_t at : {std::size_t{0}, world.oldData.size() - 1}) {
+        std::string edited = world.oldData;
+        edited[at] = 'x';
+        world.writeFile("t.txt", edited);
+        world.writeFile(".swap-t.txt", changed);
+        world.dialogs.messages.clear();
+        world.expectLeftAlone(tableAlone);
+    }
+    fs::remove(world.folder.path() + "/.unused-swap-t.txt");
+    world.writeFile("t.txt", world.oldData);
+    world.writeFile(".swap-t.txt", changed);
     world.recover();
-    EXPECT_EQ(world.bytesOf("kt.txt"), edited);
+    EXPECT_EQ(world.bytesOf("kt.txt"), world.oldItems);
     EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, ADataFileEditedMeanwhileStaysAsItIsAndTheUserIsTold) {
+    HalfSwapped world;
+    std::string edited = world.bytesOf("t.txt");
+    edited[7] = 'x';
+    world.writeFile("t.txt", edited);
+    world.expectLeftAlone(tableAlone);
+    EXPECT_EQ(world.bytesOf("kt.txt"), world.oldItems);
+}
+
+TEST(SwapRecord, AnItemFileChangedMeanwhileStaysAsItIsAndTheUserIsTold) {
+    HalfSwapped world;
+    world.writeFile("kt.txt", world.oldItems + " ");
+    world.expectLeftAlone(tableAlone);
 }
 
 TEST(SwapRecord, ATableThatIsGoneStaysGone) {
     HalfSwapped world;
     fs::remove(world.folder.path() + "/t.txt");
-    world.recover();
-    EXPECT_EQ(world.entries(), std::set<std::string>{"kt.txt"});
-    EXPECT_EQ(world.bytesOf("kt.txt"), world.oldItems);
+    world.expectLeftAlone({"kt.txt"});
 }
 
 TEST(SwapRecord, ARecordThatIsNoneIsTakenAway) {
-    for (const std::string& bytes : {std::string(), std::string("ROMSWAP1"), std::string(40, 'x'),
-                                    "ROMSWAP1" + std::string(24, '\xFF')}) {
+    for (const std::string& bytes : {std::string(), std::string("ROMSWAP2"), std::string(60, 'x'),
+                                    "ROMSWAP2" + std::string(40, '\xFF'), "ROMSWAP1" + std::string(40, '\0')}) {
         BulkWorld world;
         const std::string before = world.bytesOf("kt.txt");
         world.writeFile(".swap-t.txt", bytes);

@@ -4,12 +4,14 @@
 
 #include "start/table_opening.h"
 #include "support/test_world.h"
+#include "tests/desktop/support/clipboard_watcher.h"
 #include "tests/desktop/support/processes.h"
 #include "tests/desktop/support/program_keys.h"
 #include "tests/desktop/support/running_program.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -33,6 +35,7 @@ struct Operation {
     const char* name;
     std::vector<std::string> way; ///< the keys up to the one that starts it, see pressOnTheWay
     std::string start;
+    bool pastes = false; ///< a clip file and the backup of an older paste lie ready
 };
 
 const std::vector<Operation>& operations() {
@@ -48,6 +51,10 @@ const std::vector<Operation>& operations() {
         {"a block moved", {"Right", "shift+Down>", "ctrl+Down Return>", "ctrl+Right>", "Right"}, "Return"},
         {"an item widened", {"Right", "shift+space>", "shift+space"}, "Return"},
         {"a block cleared", {"Right", "shift+Down>", "ctrl+Down Right Return>", "Delete>"}, "y"},
+        {"an alignment changed", {"Right", "alt+k", "Down Down Return", "BackSpace Delete", "=R"}, "Return"},
+        {"a paste over records", {"Down Down Right"}, "ctrl+o", true},
+        {"a paste inserted", {"Down Down Right"}, "ctrl+y", true},
+        {"a paste taken back", {"ctrl+i>"}, "Return", true},
     };
     return all;
 }
@@ -71,14 +78,36 @@ std::set<std::string> namesIn(const TestWorld& world) {
     return names;
 }
 
+int recordsOfTable() { return isLongRun() ? 200000 : 20000; }
+
+/// A clip of two cells for each of half as many records as the table has.
+std::string clip() {
+    const std::string count = " " + std::to_string(recordsOfTable() / 2) + " \r\n";
+    std::string head = count;
+    std::string cells;
+    for (int i = 1; i <= recordsOfTable() / 2; ++i) {
+        head += " " + std::to_string(i) + " \r\n";
+        cells += "\"c" + std::to_string(i % 1000) + "\"\r\n\"d" + std::to_string(i % 100) + "\"\r\n";
+    }
+    return head + " 2 \r\n 1 \r\n 2 \r\n" + cells;
+}
+
+/// The backup of a paste over as many records from the third on.
+std::string backup() {
+    std::string rows = " 3 \r\n";
+    for (int i = 1; i <= recordsOfTable() / 2; ++i) {
+        rows += "\"b" + std::to_string(i) + "\"\r\n";
+    }
+    return rows;
+}
+
 /// The table before every operation: names, ages and places, no two records alike.
 Pair oldPair() {
-    const int records = isLongRun() ? 200000 : 20000;
     static const std::vector<std::string> names = {"\x8E\x52\x93\x63", "\x97\xE9\x96\xD8", "abc", "", "\xB1\xB2\xB3"};
     Pair pair;
     pair.items = "100  ' 0,memo,, 3\r\n1000 'ID,L\r\n1001 'A,L\r\n1002 'B,R\r\n1003 'C,L\r\n"
                  "2000 ' 6\r\n2001 ' 10\r\n2002 ' 3\r\n2003 ' 20\r\n";
-    for (int i = 1; i <= records; ++i) {
+    for (int i = 1; i <= recordsOfTable(); ++i) {
         std::string record = std::to_string(i);
         record.resize(6, ' ');
         record += names[static_cast<std::size_t>(i) % names.size()];
@@ -93,13 +122,19 @@ Pair oldPair() {
 /// The real program at work on a table of its own.
 class WorkedTable {
 public:
-    explicit WorkedTable(const Pair& pair) {
+    WorkedTable(const Pair& pair, const Operation& operation) {
         world.writeFile("t.txt", pair.records);
         world.writeFile("Kt.txt", pair.items);
         world.writeFile("zorTalk", " 0 \r\n"); // without speech no key has to wait for a reading
+        if (operation.pastes) {
+            world.writeFile("ZORCLip", clip());
+            world.writeFile("ZORCLip.bak", backup());
+        }
         program.emplace(world.folder.path(), "t.txt");
     }
-    bool goTo(const Operation& operation) { return windowComesUp("t.txt/") && pressOnTheWay(operation.way); }
+    bool goTo(const Operation& operation) {
+        return windowComesUp("t.txt/") && takesKeys("ctrl+g") && pressOnTheWay(operation.way);
+    }
     void killProgram() {
         kill(program->process(), SIGKILL);
         program.reset();
@@ -121,6 +156,12 @@ std::string stateOf(const TestWorld& world) {
     return state;
 }
 
+/// True while hidden files of an operation lie in the folder.
+bool isAtWork(const TestWorld& world) {
+    const std::set<std::string> names = namesIn(world);
+    return std::any_of(names.begin(), names.end(), [](const std::string& name) { return name.starts_with('.'); });
+}
+
 /// What an operation does that is left alone.
 struct Outcome {
     Pair pair;
@@ -131,7 +172,7 @@ struct Outcome {
 
 /// Starts the operation and waits until its files have come to rest.
 Outcome outcomeOf(const Operation& operation, const Pair& old) {
-    WorkedTable table(old);
+    WorkedTable table(old, operation);
     EXPECT_TRUE(table.goTo(operation)) << operation.name;
     const Moment begin = std::chrono::steady_clock::now();
     Moment firstChange = begin;
@@ -148,7 +189,7 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
                 lastChange = now;
                 firstChange = firstChange == begin ? now : firstChange;
             }
-            return lastChange != begin && now - lastChange > rest;
+            return lastChange != begin && now - lastChange > rest && !isAtWork(table.world);
         },
         std::chrono::seconds(isLongRun() ? 60 : 10));
     Outcome outcome{pairIn(table.world), namesIn(table.world), firstChange - begin, lastChange - begin};
@@ -176,6 +217,21 @@ void openAgain(WorkedTable& table, bool byProgram) {
     forgetTable(zormod);
 }
 
+/// In words, which of the two `bytes` are, or where they differ from both.
+std::string comparison(const std::string& bytes, const std::string& old, const std::string& made) {
+    if (bytes == old || bytes == made) {
+        return bytes == old ? "old" : "new";
+    }
+    const auto differsFrom = [&](const std::string& other) {
+        const auto place = std::mismatch(bytes.begin(), bytes.end(), other.begin(), other.end()).first - bytes.begin();
+        const std::size_t record = static_cast<std::size_t>(place) / recordLength * recordLength;
+        const auto shown = [&](const std::string& text) { return text.substr(std::min(record, text.size()), 60); };
+        return std::to_string(other.size()) + " bytes, other from byte " + std::to_string(place) + " on: " +
+               testing::PrintToString(shown(bytes)) + " for " + testing::PrintToString(shown(other));
+    };
+    return std::to_string(bytes.size()) + " bytes\n  old: " + differsFrom(old) + "\n  new: " + differsFrom(made);
+}
+
 struct Tally {
     int old = 0;
     int done = 0;
@@ -185,7 +241,7 @@ struct Tally {
 /// Kills the operation after `moment` and opens the table again.
 void killOnce(const Operation& operation, const Pair& old, const Outcome& outcome, Millis moment, bool byProgram,
               Tally& tally) {
-    WorkedTable table(old);
+    WorkedTable table(old, operation);
     ASSERT_TRUE(table.goTo(operation));
     const Moment begin = std::chrono::steady_clock::now();
     pressKey(operation.start);
@@ -200,13 +256,39 @@ void killOnce(const Operation& operation, const Pair& old, const Outcome& outcom
     tally.leftovers += leavesOnlyThese() ? 0 : 1;
     openAgain(table, byProgram);
     const Pair pair = pairIn(table.world);
-    EXPECT_TRUE(pair == old || pair == outcome.pair) << "the table is neither the old one nor the new one";
+    EXPECT_TRUE(pair == old || pair == outcome.pair)
+        << "the table is neither the old one nor the new one\n"
+        << "records: " << comparison(pair.records, old.records, outcome.pair.records) << '\n'
+        << "items: " << comparison(pair.items, old.items, outcome.pair.items);
     EXPECT_TRUE(leavesOnlyThese()) << testing::PrintToString(namesIn(table.world));
+    if (operation.pastes) {
+        EXPECT_TRUE(table.world.bytesOf("ZORCLip") == clip()) << "the clip file is not what was there to be pasted";
+    }
     tally.old += pair == old ? 1 : 0;
     tally.done += pair == outcome.pair ? 1 : 0;
 }
 
 } // namespace
+
+TEST(Kill, LeavesTheLastSpokenTextOnTheClipboard) {
+    TestWorld world;
+    world.writeFile("t.txt", oldPair().records.substr(0, 4 * recordLength));
+    world.writeFile("Kt.txt", oldPair().items);
+    ClipboardWatcher watcher;
+    RunningProgram program(world.folder.path(), "t.txt");
+    ASSERT_TRUE(windowComesUp("t.txt/"));
+    const std::size_t before = watcher.count();
+    pressKey("Down");
+    const auto saysRecord2 = [&] {
+        return watcher.count() > before && watcher.texts().back().find("ｷﾞｮｳ2") != std::string::npos;
+    };
+    ASSERT_TRUE(becomesTrue(saysRecord2, std::chrono::seconds(10)));
+    const std::string last = watcher.texts().back();
+    kill(program.process(), SIGKILL);
+    program.waitForEnd();
+    EXPECT_EQ(pasteElsewhere(), last);
+    EXPECT_EQ(pasteElsewhere(), last);
+}
 
 TEST(Kill, LeavesTheOldTableOrTheNewOneWheneverItComes) {
     const int kills = isLongRun() ? 200 : 20;

@@ -11,6 +11,15 @@ std::string activeWindow() {
     return outputOf("xdotool getactivewindow");
 }
 
+bool anotherComesUp(const std::string& before, std::chrono::milliseconds within) {
+    return becomesTrue(
+        [&] {
+            const std::string now = activeWindow();
+            return !now.empty() && now != before;
+        },
+        within);
+}
+
 bool press(const std::string& step) {
     if (step.starts_with('=')) {
         typeText(step.substr(1));
@@ -22,15 +31,19 @@ bool press(const std::string& step) {
     }
     const std::string before = activeWindow();
     pressKey(step.substr(0, step.size() - 1));
-    return becomesTrue(
-        [&] {
-            const std::string now = activeWindow();
-            return !now.empty() && now != before;
-        },
-        patience);
+    return anotherComesUp(before, patience);
 }
 
 } // namespace
+
+bool takesKeys(const std::string& opens) {
+    const std::string before = activeWindow();
+    const auto answers = [&] {
+        pressKey(opens);
+        return anotherComesUp(before, std::chrono::seconds(1));
+    };
+    return becomesTrue(answers, patience) && press("Escape>");
+}
 
 bool pressOnTheWay(const std::vector<std::string>& steps) {
     for (const std::string& step : steps) {

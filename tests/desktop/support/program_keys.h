@@ -10,5 +10,9 @@
 /// did not come.
 bool pressOnTheWay(const std::vector<std::string>& steps);
 
+/// Waits until the program takes keys, which is a little later than its window has the keyboard: presses `opens`, which
+/// opens a window of its own, until that comes, and closes it by Escape. False if it doesn't come or stays.
+bool takesKeys(const std::string& opens);
+
 /// Waits until a window has the keyboard whose title contains `part`; false after ten seconds.
 bool windowComesUp(const std::string& part);
