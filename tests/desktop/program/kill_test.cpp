@@ -276,18 +276,12 @@ TEST(Kill, LeavesTheLastSpokenTextOnTheClipboard) {
     world.writeFile("Kt.txt", oldPair().items);
     ClipboardWatcher watcher;
     RunningProgram program(world.folder.path(), "t.txt");
-    ASSERT_TRUE(windowComesUp("t.txt/"));
-    const std::size_t before = watcher.count();
-    pressKey("Down");
-    const auto saysRecord2 = [&] {
-        return watcher.count() > before && watcher.texts().back().find("ｷﾞｮｳ2") != std::string::npos;
-    };
-    ASSERT_TRUE(becomesTrue(saysRecord2, std::chrono::seconds(10)));
-    const std::string last = watcher.texts().back();
+    ASSERT_TRUE(becomesTrue([&] { return watcher.count() > 0; }, std::chrono::seconds(20)));
     kill(program.process(), SIGKILL);
     program.waitForEnd();
-    EXPECT_EQ(pasteElsewhere(), last);
-    EXPECT_EQ(pasteElsewhere(), last);
+    // Nobody writes any more, so the reader has soon heard the last text.
+    EXPECT_TRUE(becomesTrue([&] { return pasteElsewhere() == watcher.texts().back(); }));
+    EXPECT_TRUE(pasteElsewhere().ends_with("。｡.")) << pasteElsewhere();
 }
 
 TEST(Kill, LeavesTheOldTableOrTheNewOneWheneverItComes) {
