@@ -5,6 +5,7 @@
 //   items      the same with a new item definition file
 
 #include "measure.h"
+#include "platform/posix/turn_clock.h"
 #include "sheet/bulk_rewrite.h"
 #include "support/test_world.h"
 #include "table_generator.h"
@@ -23,16 +24,15 @@ constexpr std::size_t blockLength = 1 << 20;
 class TimedEventLoop : public EventLoop {
 public:
     void yield() override {
-        const auto now = std::chrono::steady_clock::now();
-        if (now - last_ >= std::chrono::milliseconds(15)) {
-            last_ = now;
+        if (clock_.isDue()) {
+            clock_.restart();
             ++turns;
         }
     }
     int turns = 0;
 
 private:
-    std::chrono::steady_clock::time_point last_{};
+    TurnClock clock_;
 };
 
 void bareWrite(const std::string& folder, const Bytes& table) {

@@ -89,12 +89,30 @@ long megabytesUsed() {
     return usage.ru_maxrss / 1024;
 }
 
+/// Holds the last text, as a clipboard does; the one of the tests remembers all of them.
+class PlainClipboard : public Clipboard {
+public:
+    ClipboardText read() override { return {.ok = true, .text = text_}; }
+    bool write(TextView text) override {
+        text_ = text;
+        return true;
+    }
+    bool clear() override {
+        text_.clear();
+        return true;
+    }
+
+private:
+    Text text_;
+};
+
 } // namespace
 
 int main() {
     TestWorld world;
+    PlainClipboard clipboard;
     StoppingEventLoop turns;
-    ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
+    ZORMOD zormod(Platform{clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
                            world.screen, world.commands, world.forms, turns, world.printer});
     turns.zormod = &zormod;
     zormod.file.programFolder = world.zormod.file.programFolder;

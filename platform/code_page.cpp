@@ -4,6 +4,8 @@
 
 #include <iconv.h>
 
+#include <algorithm>
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -62,6 +64,27 @@ std::uint16_t bigEndian(const Bytes& bytes) {
     return value;
 }
 
+/// This many units or bytes make one step where all of them are ASCII, which is most of a table: numbers and blanks.
+constexpr std::size_t asciiStep = 8;
+
+template <typename Character> std::uint64_t eightBytesAt(const Character* from) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, from, sizeof bytes);
+    return bytes;
+}
+bool isAscii(const char* step) { return (eightBytesAt(step) & 0x8080808080808080) == 0; }
+bool isAscii(const char16_t* step) {
+    return ((eightBytesAt(step) | eightBytesAt(step + asciiStep / 2)) & 0xFF80FF80FF80FF80) == 0;
+}
+
+/// Passes over what `text` has of whole ASCII steps from `at` on, whose bytes and units have the same numbers: they are
+/// written to `into` from `to` on, and both positions go on by as much.
+template <typename View, typename Whole> void copyAscii(const View& text, std::size_t& at, Whole& into, std::size_t& to) {
+    for (; at + asciiStep <= text.size() && isAscii(text.data() + at); at += asciiStep, to += asciiStep) {
+        std::copy_n(text.data() + at, asciiStep, into.data() + to);
+    }
+}
+
 Bytes pairOf(unsigned value) { return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)}; }
 
 } // namespace
@@ -112,6 +135,10 @@ void CodePage::appendDecoded(Text& text, BytesView bytes) const {
     std::size_t length = text.size();
     text.resize(length + bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
+        copyAscii(bytes, i, text, length);
+        if (i == bytes.size()) {
+            break;
+        }
         const auto lead = static_cast<unsigned char>(bytes[i]);
         char16_t unit = 0;
         if (isLeadByte(lead) && i + 1 < bytes.size()) {
@@ -136,8 +163,12 @@ Bytes CodePage::encode(TextView text) const {
 void CodePage::appendEncoded(Bytes& bytes, TextView text) const {
     std::size_t length = bytes.size();
     bytes.resize(length + text.size() * 2);
-    for (const char16_t unit : text) {
-        const std::uint16_t code = codes_[unit];
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        copyAscii(text, i, bytes, length);
+        if (i == text.size()) {
+            break;
+        }
+        const std::uint16_t code = codes_[text[i]];
         if (code > 0xFF) {
             bytes[length++] = static_cast<char>(code >> 8);
         }

@@ -15,6 +15,7 @@
 #include "structure/range_questions.h"
 #include "voice/speech_channel.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -44,11 +45,26 @@ void writeNumbers(const ZORMOD& zormod, TextFileWriter& file, std::int64_t from,
     }
 }
 
+/// Room for the cells of a range, and for a mark behind them: a text that grows as it is filled is copied again and again.
+/// A range that is longer than most grows all the same.
+Text roomFor(const ZORMOD& zormod, const Selection& range) {
+    constexpr std::int64_t most = 1 << 24;
+    const std::int64_t records = static_cast<std::int64_t>(range.selRecordTo) - range.selRecordFrom + 1;
+    std::int64_t bytes = 0;
+    for (std::int16_t item = range.selItemFrom; item <= range.selItemTo; ++item) {
+        bytes += zormod.items.itemWidth[item];
+    }
+    Text cells;
+    cells.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(records * bytes, 0, most)) +
+                  zormod.speech.speechMark.size());
+    return cells;
+}
+
 /// Writes the cells; gives them as one text, or nothing if the user has stopped it.
 std::optional<Text> writeCells(ZORMOD& zormod, TextFileWriter& file, const Selection& range, ProgressRounds& rounds) {
     const ReadAheadScope ahead(zormod);
     Bytes& row = zormod.window.recordWindow[0];
-    Text cells;
+    Text cells = roomFor(zormod, range);
     for (std::int32_t record = range.selRecordFrom; record <= range.selRecordTo; ++record) {
         if (!rounds.next(record)) {
             return {};

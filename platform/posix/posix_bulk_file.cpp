@@ -9,9 +9,9 @@ namespace {
 
 /// Long enough that system calls don't count, short enough to stay in the processor's cache.
 constexpr std::size_t blockLength = 1 << 18;
-/// How much is written before the disk is set to work on it: the disk likes long pieces, and a stop in the middle should
-/// not have to wait for one.
-constexpr std::int64_t pieceLength = 1 << 22;
+/// How much is written before the disk is set to work on it: the disk likes long pieces, but it should be at work while
+/// the next one is made, and a stop in the middle should not have to wait for one.
+constexpr std::int64_t pieceLength = 1 << 20;
 
 } // namespace
 

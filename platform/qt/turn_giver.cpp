@@ -4,18 +4,11 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-/// Often enough that a stop button is obeyed at once, seldom enough that a loop over a million records doesn't notice.
-constexpr qint64 turnEveryMilliseconds = 15;
-
-} // namespace
-
 void TurnGiver::yield() {
-    if (sinceLastTurn_.isValid() && !sinceLastTurn_.hasExpired(turnEveryMilliseconds)) {
+    if (!clock_.isDue()) {
         return;
     }
     QCoreApplication::processEvents();
-    sinceLastTurn_.start();
+    clock_.restart();
     guard_->throwPending();
 }

@@ -2,8 +2,7 @@
 // The event loop of the toolkit as a long loop sees it. main makes one; tests use a double that runs scripted actions.
 
 #include "platform/event_loop.h"
-
-#include <QElapsedTimer>
+#include "platform/posix/turn_clock.h"
 
 class EventGuard;
 
@@ -18,5 +17,5 @@ public:
 
 private:
     EventGuard* guard_ = nullptr;
-    QElapsedTimer sinceLastTurn_;
+    TurnClock clock_;
 };

@@ -151,6 +151,18 @@ TEST_F(CodePageTable, AHalfCharacterJoinsItsNeighbourWhereTheTwoFormACharacter) 
     EXPECT_EQ(page.encode(u"\uF782\uF7A0"), "\x82\xA0");
 }
 
+TEST_F(CodePageTable, AsciiOfAnyLengthStandsRoundACharacter) {
+    for (std::size_t before = 0; before <= 20; ++before) {
+        for (std::size_t behind = 0; behind <= 20; ++behind) {
+            // The second byte of this character is ASCII by itself.
+            const Bytes bytes = Bytes(before, 'a') + "\x83\x5C" + Bytes(behind, '~');
+            const Text text = Text(before, u'a') + u"ソ" + Text(behind, u'~');
+            EXPECT_EQ(page.decode(bytes), text) << before << " " << behind;
+            EXPECT_EQ(page.encode(text), bytes) << before << " " << behind;
+        }
+    }
+}
+
 TEST_F(CodePageTable, KnowsWhichUnitsAreCarriedBytes) {
     std::set<char16_t> carried;
     for (unsigned byte = 0; byte <= 0xFF; ++byte) {
