@@ -8,6 +8,7 @@
 #include "platform/beeper.h"
 #include "platform/code_page.h"
 #include "platform/commands.h"
+#include "platform/flag_scope.h"
 #include "sheet/cell.h"
 #include "sheet/record_window.h"
 #include "voice/caret_reading.h"

@@ -7,6 +7,7 @@
 #include "platform/beeper.h"
 #include "platform/commands.h"
 #include "platform/dialogs.h"
+#include "platform/flag_scope.h"
 #include "sheet/record_window.h"
 #include "voice/caret_reading.h"
 #include "voice/cell_reading.h"

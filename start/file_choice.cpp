@@ -3,6 +3,7 @@
 #include "platform/beeper.h"
 #include "platform/commands.h"
 #include "platform/dialogs.h"
+#include "platform/flag_scope.h"
 #include "platform/forms.h"
 #include "platform/letter_case.h"
 #include "platform/screen.h"
@@ -69,13 +70,24 @@ void FileChoice::carryOut() {
     if (!hasChoice()) {
         return;
     }
-    if (!listsTables()) {
-        zormod_.platform.commands.run(convertChosenFileCommand);
-    } else if (word_ == deleteFileWord) {
-        deleteChosen();
-    } else {
-        openChosen();
+    runAlone([this] {
+        if (!listsTables()) {
+            zormod_.platform.commands.run(convertChosenFileCommand);
+        } else if (word_ == deleteFileWord) {
+            deleteChosen();
+        } else {
+            openChosen();
+        }
+    });
+}
+
+void FileChoice::runAlone(const std::function<void()>& work) {
+    if (isAtWork_) {
+        zormod_.platform.beeper.beep();
+        return;
     }
+    const FlagScope atWork(isAtWork_);
+    work();
 }
 
 void FileChoice::dispItem() {
@@ -83,6 +95,10 @@ void FileChoice::dispItem() {
         zormod_.platform.beeper.beep();
         return;
     }
+    runAlone([this] { showItems(); });
+}
+
+void FileChoice::showItems() {
     const Name chosen = chosenName();
     OldTable old(zormod_);
     zormod_.file.fileName = chosen.fileName;
@@ -106,14 +122,16 @@ void FileChoice::readCsv() {
 }
 
 void FileChoice::giveUp() {
-    if (endsProgram()) {
-        farewellEnd(zormod_);
-    }
-    const bool mayHaveChangedFiles = word_ == deleteFileWord || word_ == convertFileWord;
-    close();
-    if (mayHaveChangedFiles && hasTable(zormod_)) {
-        zormod_.platform.screen.showCurrentCell();
-    }
+    runAlone([this] {
+        if (endsProgram()) {
+            farewellEnd(zormod_);
+        }
+        const bool mayHaveChangedFiles = word_ == deleteFileWord || word_ == convertFileWord;
+        close();
+        if (mayHaveChangedFiles && hasTable(zormod_)) {
+            zormod_.platform.screen.showCurrentCell();
+        }
+    });
 }
 
 void FileChoice::makeFolderHere() {

@@ -5,6 +5,8 @@
 
 #include "start/folder_browser.h"
 
+#include <functional>
+
 /// `taskWord` while the form is open; without one it was opened from the start screen.
 inline constexpr TextView openFileWord = u"YOMIKOMI";
 inline constexpr TextView deleteFileWord = u"delfile";
@@ -36,6 +38,9 @@ public:
     /// True once a routine has closed the form.
     bool isClosed() const { return isClosed_; }
 
+    // While one of the next three is at work, each of them beeps and does nothing: a form or a message above may have
+    // closed already, and the next key may come before the work behind it is done.
+
     /// `Command1`, Enter in the list: opens, deletes or converts the selected file. Nothing without one.
     void carryOut();
     /// Space in the list: the items of the selected file; a beep without one. The open table stays open.
@@ -59,13 +64,17 @@ private:
     bool endsProgram() const;
     Name chosenName() const;
     void setWord(TextView word);
+    void showItems();
     void openChosen();
     void deleteChosen();
     void close();
+    /// Does `work`, or beeps while other work is done.
+    void runAlone(const std::function<void()>& work);
 
     ZORMOD& zormod_;
     const Text openedWith_;
     Text word_; ///< held here too: a failure empties the task word, but not what the form is for
     FolderBrowser folders_;
     bool isClosed_ = false;
+    bool isAtWork_ = false;
 };

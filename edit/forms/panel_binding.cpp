@@ -4,6 +4,7 @@
 #include "edit/forms/panel.h"
 #include "edit/side_boxes.h"
 #include "edit/status_update.h"
+#include "platform/flag_scope.h"
 #include "platform/qt/key_line_edit.h"
 
 namespace {

@@ -134,6 +134,22 @@ TEST(FileChoice, SpaceShowsTheItemsAndTheOldTableComesBack) {
     EXPECT_EQ(world.beeper.count, 0);
 }
 
+TEST(FileChoice, AKeyThatComesBeforeTheItemListHasGoneBeepsAndNothingElse) {
+    ChoiceWorld world(u"", false);
+    world.select("kb.txt");
+    world.forms.scripts[u"frmItemList"] = [&] {
+        world.choice->giveUp();
+        world.choice->carryOut();
+        world.choice->dispItem();
+    };
+    world.choice->dispItem();
+    EXPECT_EQ(world.beeper.count, 3);
+    EXPECT_TRUE(world.formIsOpen());
+    EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmItemList"));
+    world.expectNoTable();
+    EXPECT_THROW(world.choice->giveUp(), ProgramEnd) << "the next key is heard";
+}
+
 TEST(FileChoice, SpaceOnASpoiltFileBeepsAndTheOldTableComesBack) {
     ChoiceWorld world;
     world.writeFile("kbad.txt", "nonsense");
