@@ -2,6 +2,7 @@
 
 #include "structure/clip_paste.h"
 #include "structure/record_world.h"
+#include "support/file_size_limit.h"
 #include "support/forked_child.h"
 
 #include <sys/resource.h>
@@ -179,6 +180,7 @@ TEST(ClipFile, TwoHundredThousandCellsTakeTheMemoryOfTheirTextAlone) {
     world.numbered(records);
     // A process of its own, whose highest use of memory begins with what is in use now.
     ForkedChild child([&](const ChildSide&) {
+        const FileSizeLimit enough(64 << 20); // a loop without an end must not fill the disk
         const std::size_t before = mostMemory();
         world.select(1, 1, records, 0, 2);
         if (!makeClip(world.zormod)) {
