@@ -38,9 +38,10 @@ public:
         trace_ << textOf({table, {}}) << std::flush;
     }
     std::optional<MonkeyKey> next(const Situation& situation) override {
-        if (steps_-- <= 0) {
+        if (pressed_ == steps_) {
             return std::nullopt;
         }
+        ++pressed_;
         if (queue_.empty()) {
             choose(situation);
         }
@@ -49,6 +50,9 @@ public:
         trace_ << lineOf(key) << "\n" << std::flush;
         return key;
     }
+
+    /// How many keys have been given out.
+    int pressed() const { return pressed_; }
 
 private:
     // What is typed is typed key by key, so that the table can be looked at in between.
@@ -66,5 +70,6 @@ private:
     KeyPicker picker_;
     std::deque<MonkeyKey> queue_;
     int steps_;
+    int pressed_ = 0;
     std::ofstream trace_;
 };

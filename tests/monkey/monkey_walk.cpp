@@ -20,6 +20,8 @@ namespace {
 
 constexpr int stepsBetweenLooksAtAll = 250;
 constexpr int stepsOnOneTable = 1500;
+/// A table that has grown past so many bytes is left, because all of it is looked at after each key.
+constexpr std::size_t longestTable = 4 << 20;
 constexpr int keysInOneForm = 60; ///< after these the monkey wants to get out
 constexpr int keysToGetOut = 200;
 constexpr TextView makeFolderTitle = u"フォルダの作成";
@@ -90,6 +92,10 @@ private:
             takeWidthsOfTheFile(now);
         }
         seen_ = std::move(now);
+        if (seen_.records.size() > longestTable) {
+            complain(pairIsWhole(desk_->world.codePage, seen_));
+            isOver_ = true;
+        }
     }
 
     void checkAtRest(const Seen& now, const MonkeyKey& key) {
@@ -181,7 +187,7 @@ void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) 
         const int now = static_cast<int>(std::min<long>(steps, stepsOnOneTable));
         RandomSource source(dice.number(), table, now, traceFile);
         Walk(source, folderFor(codePage, table)).run();
-        steps -= now;
+        steps -= source.pressed();
         if (const auto wrong = memory.look()) {
             tellAndEnd(*wrong);
         }
