@@ -1,18 +1,21 @@
 // Figures of the operations on items and blocks on a table of 1,000,000 records, real files, everything else doubles:
 //   copy       the table copied in large blocks, fsync, rename
-//   items      inserting, deleting and moving items; against the copy in the same turn, median of the turns
+//   items      inserting, deleting and moving items, another width, another alignment; against the copy in the same turn, median of the turns
 //   clear      clearing one item of 100,000 records: clip file, journal, table; against a copy of 100,000 records
 //   screenful  a block of 20 records copied within the table; against the durable write of one record, which is what
 //              leaving a row costs
 //   memory     by how much the highest use of memory has grown since the table was opened: by the operations on items, and
 //              by clearing, whose clip text stands in memory as a whole
 
+#include "edit/edit_screen.h"
 #include "measure.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "structure/alignment_change.h"
 #include "structure/block_operations.h"
 #include "structure/item_operations.h"
+#include "structure/width_rewrite.h"
 #include "support/test_world.h"
 #include "table_generator.h"
 
@@ -80,12 +83,22 @@ int main() {
     std::vector<double> inserted;
     std::vector<double> deleted;
     std::vector<double> moved;
+    std::vector<double> widened;
+    std::vector<double> realigned;
+    EditScreen edit(zormod);
     std::vector<double> cleared;
     for (std::int16_t round = 0; round < rounds; ++round) {
         const double copy = microseconds([&] { bareCopy(folder, records * recordLength); });
         inserted.push_back(microseconds([&] { mustBeDone(insertItems(zormod, 3, 4)); }) / copy);
         deleted.push_back(microseconds([&] { mustBeDone(deleteItems(zormod, 3, 4)); }) / copy);
         moved.push_back(microseconds([&] { mustBeDone(moveItems(zormod, 6, 8, 2)); }) / copy);
+        const auto before = zormod.items.itemWidth;
+        ++zormod.items.itemWidth[4];
+        computeItemStart(zormod.items);
+        widened.push_back(microseconds([&] { rewriteWidths(zormod, before); }) / copy);
+        zormod.position.curItem = 5;
+        edit.txtLR = zormod.items.itemAlign[5] == u"L" ? u"R" : u"L";
+        realigned.push_back(microseconds([&] { changeAlignment(edit); }) / copy);
         sync();
     }
     const double memoryOfItems = highestMemory() - memoryBefore;
@@ -112,6 +125,8 @@ int main() {
     bool kept = report("items: inserting two items into 1,000,000 records against a copy", median(inserted), "x", 2.5);
     kept = report("items: deleting two items against a copy", median(deleted), "x", 2.5) && kept;
     kept = report("items: moving three items against a copy", median(moved), "x", 2.5) && kept;
+    kept = report("items: another width against a copy", median(widened), "x", 2.5) && kept;
+    kept = report("items: another alignment against a copy", median(realigned), "x", 2.5) && kept;
     kept = report("blocks: clearing 100,000 records against a copy of them", median(cleared), "x", 15) && kept;
     kept = report("blocks: copying 20 records against leaving one row", median(screenful) / median(row), "x", 10) && kept;
     kept = report("items: growth of the highest use of memory", memoryOfItems, "MB", 8) && kept;
