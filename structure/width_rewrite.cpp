@@ -9,9 +9,15 @@
 
 Bytes resizedRecord(BytesView record, const ItemTable& old, const ItemTable& made) {
     Bytes row;
+    row.reserve(recordLength);
     for (std::int16_t item = 0; item <= made.itemCount; ++item) {
-        row += alignedBytes(Bytes(itemSpan(old, record, item, item)), static_cast<std::size_t>(made.itemWidth[item]),
-                            made.itemAlign[item] != u"L");
+        const BytesView cell = itemSpan(old, record, item, item);
+        const auto width = static_cast<std::size_t>(made.itemWidth[item]);
+        if (cell.size() == width) { // as all cells but those of the item in hand
+            row += cell;
+        } else {
+            row += alignedBytes(Bytes(cell), width, made.itemAlign[item] != u"L");
+        }
     }
     // A table may come with widths that leave no room for the line end.
     row.resize(std::min<std::size_t>(row.size(), dataLength));
