@@ -9,7 +9,7 @@
 #include <QApplication>
 
 std::string fileBytes(MonkeyDesk& desk, const Text& path) {
-    constexpr std::size_t limit = std::size_t{1} << 28;
+    constexpr std::size_t limit = std::size_t{1} << 32; // a typed number may have made a table long
     return desk.world.files.exists(path) ? desk.world.files.readWhole(path, limit) : std::string();
 }
 
