@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -64,25 +65,47 @@ std::uint16_t bigEndian(const Bytes& bytes) {
     return value;
 }
 
-/// This many units or bytes make one step where all of them are ASCII, which is most of a table: numbers and blanks.
+/// So many units or bytes make one step where all of them are ASCII, which is most of a table: numbers and blanks. What is
+/// left at the end of a cell is taken in a short step.
 constexpr std::size_t asciiStep = 8;
+constexpr std::size_t shortStep = 4;
 
-template <typename Character> std::uint64_t eightBytesAt(const Character* from) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, from, sizeof bytes);
-    return bytes;
+template <typename Number, typename Character> Number numberAt(const Character* from) {
+    Number number = 0;
+    std::memcpy(&number, from, sizeof number);
+    return number;
 }
-bool isAscii(const char* step) { return (eightBytesAt(step) & 0x8080808080808080) == 0; }
-bool isAscii(const char16_t* step) {
-    return ((eightBytesAt(step) | eightBytesAt(step + asciiStep / 2)) & 0xFF80FF80FF80FF80) == 0;
+template <std::size_t step> bool isAscii(const char* from) {
+    using Number = std::conditional_t<step == asciiStep, std::uint64_t, std::uint32_t>;
+    static_assert(sizeof(Number) == step);
+    return (numberAt<Number>(from) & static_cast<Number>(0x8080808080808080)) == 0;
 }
-
-/// Passes over what `text` has of whole ASCII steps from `at` on, whose bytes and units have the same numbers: they are
-/// written to `into` from `to` on, and both positions go on by as much.
-template <typename View, typename Whole> void copyAscii(const View& text, std::size_t& at, Whole& into, std::size_t& to) {
-    for (; at + asciiStep <= text.size() && isAscii(text.data() + at); at += asciiStep, to += asciiStep) {
-        std::copy_n(text.data() + at, asciiStep, into.data() + to);
+template <std::size_t step> bool isAscii(const char16_t* from) {
+    std::uint64_t units = 0;
+    for (std::size_t i = 0; i < step; i += sizeof units / sizeof *from) {
+        units |= numberAt<std::uint64_t>(from + i);
     }
+    return (units & 0xFF80FF80FF80FF80) == 0;
+}
+
+/// Passes over what `text` has of whole ASCII steps from `at` on: `handOn` is told of each step's position.
+template <typename View, typename HandOn> void passAscii(const View& text, std::size_t& at, const HandOn& handOn) {
+    for (; at + asciiStep <= text.size() && isAscii<asciiStep>(text.data() + at); at += asciiStep) {
+        handOn(at, asciiStep);
+    }
+    if (at + shortStep <= text.size() && isAscii<shortStep>(text.data() + at)) {
+        handOn(at, shortStep);
+        at += shortStep;
+    }
+}
+
+/// The same; bytes and units have the same numbers there, so they are written to `into` from `to` on, and that position
+/// goes on by as much.
+template <typename View, typename Whole> void copyAscii(const View& text, std::size_t& at, Whole& into, std::size_t& to) {
+    passAscii(text, at, [&](std::size_t from, std::size_t step) {
+        std::copy_n(text.data() + from, step, into.data() + to);
+        to += step;
+    });
 }
 
 Bytes pairOf(unsigned value) { return {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)}; }
@@ -139,17 +162,9 @@ void CodePage::appendDecoded(Text& text, BytesView bytes) const {
         if (i == bytes.size()) {
             break;
         }
-        const auto lead = static_cast<unsigned char>(bytes[i]);
-        char16_t unit = 0;
-        if (isLeadByte(lead) && i + 1 < bytes.size()) {
-            unit = pairs_[lead * 0x100u + static_cast<unsigned char>(bytes[i + 1])];
-        }
-        if (unit == 0) {
-            unit = singles_[lead];
-        } else {
-            ++i;
-        }
-        text[length++] = unit;
+        const char16_t pair = pairAt(bytes, i);
+        text[length++] = pair != 0 ? pair : singles_[static_cast<unsigned char>(bytes[i])];
+        i += pair != 0 ? 1 : 0;
     }
     text.resize(length);
 }
@@ -175,6 +190,22 @@ void CodePage::appendEncoded(Bytes& bytes, TextView text) const {
         bytes[length++] = static_cast<char>(code & 0xFF);
     }
     bytes.resize(length);
+}
+
+void CodePage::canonicalize(std::span<char> bytes) const {
+    const BytesView view(bytes.data(), bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        passAscii(view, i, [](std::size_t, std::size_t) {});
+        if (i == bytes.size()) {
+            break;
+        }
+        // Only pairs are there twice; a single byte has one code, and what forms no character is carried as it is.
+        if (const char16_t pair = pairAt(view, i); pair != 0) {
+            const std::uint16_t code = codes_[pair];
+            bytes[i] = static_cast<char>(code >> 8);
+            bytes[++i] = static_cast<char>(code & 0xFF);
+        }
+    }
 }
 
 std::size_t CodePage::byteLength(TextView text) const {

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// True if `byte` may be the first of a two-byte character: 81-9F and E0-FC.
@@ -46,6 +47,10 @@ public:
     /// The same behind what `bytes` holds.
     void appendEncoded(Bytes& bytes, TextView text) const;
 
+    /// Turns bytes into what `encode(decode())` of them gives, in place and without a text: duplicates become the canonical
+    /// code, everything else stays. No byte is added or taken away.
+    void canonicalize(std::span<char> bytes) const;
+
     /// Number of bytes that `encode(text)` gives, without making them.
     std::size_t byteLength(TextView text) const;
 
@@ -56,6 +61,14 @@ public:
     bool canEncode(char16_t unit) const { return unit == u'?' || codes_[unit] != '?'; }
 
 private:
+    /// Unit of the pair that begins at byte `at`; 0 if none does.
+    char16_t pairAt(BytesView bytes, std::size_t at) const {
+        const auto lead = static_cast<unsigned char>(bytes[at]);
+        return isLeadByte(lead) && at + 1 < bytes.size()
+                   ? pairs_[lead * 0x100u + static_cast<unsigned char>(bytes[at + 1])]
+                   : u'\0';
+    }
+
     /// Unit of a single byte; of lead bytes the carried unit.
     std::array<char16_t, 0x100> singles_;
     /// Unit of lead byte * 256 + trail byte, 0 where the pair is unassigned.

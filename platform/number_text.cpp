@@ -44,6 +44,16 @@ Text signedText(const DecimalDigits& number, int mostWhole) {
     return (number.isNegative ? u"-" : u" ") + magnitudeText(number, mostWhole, u"");
 }
 
+/// Written for each of a million records, in lists of their numbers.
+void appendSigned(Bytes& line, std::int64_t value) {
+    std::array<char, 24> room{};
+    const char* end = std::to_chars(room.data(), room.data() + room.size(), value).ptr;
+    if (value >= 0) {
+        line += ' ';
+    }
+    line.append(static_cast<const char*>(room.data()), end);
+}
+
 } // namespace
 
 Text plainNumber(std::int64_t value) { return plainText(decimalDigits(value), digitsOfWholeNumber); }
@@ -51,12 +61,9 @@ Text plainNumber(float value) { return plainText(decimalDigits(value), digitsOfS
 Text plainNumber(double value) { return plainText(decimalDigits(value), digitsOfDouble); }
 
 Text Str(std::int64_t value) {
-    // Written for each of a million records, in lists of their numbers.
-    std::array<char, 24> room{};
-    const char* end = std::to_chars(room.data(), room.data() + room.size(), value).ptr;
-    Text text(value < 0 ? 0 : 1, u' ');
-    text.append(static_cast<const char*>(room.data()), end);
-    return text;
+    Bytes digits;
+    appendSigned(digits, value);
+    return wide(digits);
 }
 Text Str(float value) { return signedText(decimalDigits(value), digitsOfSingle); }
 Text Str(double value) { return signedText(decimalDigits(value), digitsOfDouble); }
@@ -68,6 +75,11 @@ Text trimmedStr(double value) { return trimmed(Str(value)); }
 Text printedNumber(std::int64_t value) { return Str(value) + u" "; }
 Text printedNumber(float value) { return Str(value) + u" "; }
 Text printedNumber(double value) { return Str(value) + u" "; }
+
+void appendPrintedNumber(Bytes& line, std::int64_t value) {
+    appendSigned(line, value);
+    line += ' ';
+}
 
 Text fixedDigits(std::int64_t value, std::size_t count) {
     const Text digits = Text(count, u'0') + wide(decimalDigits(value).whole());

@@ -40,6 +40,9 @@ Text printedNumber(std::int64_t value);
 Text printedNumber(float value);
 Text printedNumber(double value);
 
+/// printedNumber in ASCII behind what `line` holds, for files with as many numbers as a table has records.
+void appendPrintedNumber(Bytes& line, std::int64_t value);
+
 // The same for the other integer types, so that no call is ambiguous.
 template <WholeNumber T> Text plainNumber(T value) { return plainNumber(static_cast<std::int64_t>(value)); }
 template <WholeNumber T> Text Str(T value) { return Str(static_cast<std::int64_t>(value)); }

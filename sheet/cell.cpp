@@ -26,14 +26,45 @@ std::size_t offsetOf(const ZORMOD& zormod, std::int64_t item) {
     return static_cast<std::size_t>(start - 1);
 }
 
+BytesView trimmedBytes(BytesView bytes) {
+    const std::size_t first = bytes.find_first_not_of(' ');
+    return first == BytesView::npos ? BytesView() : bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
+}
+
+/// Puts encoded bytes into the item's cell of a slot.
+void setSlotBytes(ZORMOD& zormod, std::int64_t slot, BytesView value, std::int64_t item) {
+    Bytes& row = zormod.window.recordWindow[slot];
+    const std::size_t offset = offsetOf(zormod, item);
+    const std::size_t width = widthOf(zormod, item);
+    Bytes changed;
+    changed.reserve(row.size() + width);
+    changed.append(row, 0, offset);
+    // Only exactly "R" is right.
+    appendAligned(changed, value, width, zormod.items.itemAlign[item] == u"R");
+    // Behind the last item nothing is carried over, its line end included: the ending comes back when the record is
+    // written, and whatever stood behind the items is blank from then on.
+    if (item != zormod.items.itemCount) {
+        const std::size_t next = offsetOf(zormod, item + 1);
+        if (next < row.size()) {
+            changed.append(row, next);
+        }
+    }
+    // The row is decoded and encoded again as a whole: where a cut left half a character, it becomes one with the byte
+    // that follows it if the two form a character, and duplicates in the code page become the canonical code.
+    zormod.platform.codePage.canonicalize(changed);
+    storeSlot(zormod, slot, changed);
+}
+
 } // namespace
 
-Bytes alignedBytes(Bytes value, std::size_t width, bool toRight) {
-    if (!toRight) {
-        value.resize(width, ' ');
-        return value;
+void appendAligned(Bytes& row, BytesView value, std::size_t width, bool toRight) {
+    const std::size_t blanks = width - std::min(width, value.size());
+    const std::size_t kept = width - blanks;
+    if (toRight) {
+        row.append(blanks, ' ').append(value.substr(value.size() - kept));
+    } else {
+        row.append(value.substr(0, kept)).append(blanks, ' ');
     }
-    return value.size() < width ? Bytes(width - value.size(), ' ') + value : value.substr(value.size() - width);
 }
 
 Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
@@ -43,11 +74,13 @@ Text cellOf(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
 }
 
 void appendCell(const ZORMOD& zormod, BytesView rec, std::int64_t item, Text& text) {
+    zormod.platform.codePage.appendDecoded(text, cellBytes(zormod, rec, item));
+}
+
+BytesView cellBytes(const ZORMOD& zormod, BytesView rec, std::int64_t item) {
     const std::size_t offset = offsetOf(zormod, item);
     const std::size_t width = widthOf(zormod, item);
-    if (offset < rec.size()) {
-        zormod.platform.codePage.appendDecoded(text, rec.substr(offset, width));
-    }
+    return offset < rec.size() ? rec.substr(offset, width) : BytesView();
 }
 
 BytesView itemSpan(const ItemTable& items, BytesView rec, std::int16_t one, std::int16_t other, int more) {
@@ -74,24 +107,13 @@ Text getRecordCell(ZORMOD& zormod, std::int32_t recordNo, std::int64_t item) {
 }
 
 void setSlotCell(ZORMOD& zormod, std::int64_t slot, const Text& value, std::int64_t item) {
-    const Bytes& row = zormod.window.recordWindow[slot];
-    const std::size_t offset = offsetOf(zormod, item);
-    Bytes changed = row.substr(0, std::min(offset, row.size()));
-    // Only exactly "R" is right.
-    changed += alignedBytes(zormod.platform.codePage.encode(value), widthOf(zormod, item),
-                            zormod.items.itemAlign[item] == u"R");
-    // Behind the last item nothing is carried over, its line end included: the ending comes back when the record is
-    // written, and whatever stood behind the items is blank from then on.
-    if (item != zormod.items.itemCount) {
-        const std::size_t next = offsetOf(zormod, item + 1);
-        if (next < row.size()) {
-            changed += row.substr(next);
-        }
-    }
-    // The row is decoded and encoded again as a whole: where a cut left half a character, it becomes one with the byte
-    // that follows it if the two form a character, and duplicates in the code page become the canonical code.
-    const CodePage& codePage = zormod.platform.codePage;
-    storeSlot(zormod, slot, codePage.encode(codePage.decode(changed)));
+    setSlotBytes(zormod, slot, zormod.platform.codePage.encode(value), item);
+}
+
+void realignScratchCell(ZORMOD& zormod, std::int64_t item) {
+    Bytes cell(cellBytes(zormod, zormod.window.recordWindow[1], item));
+    zormod.platform.codePage.canonicalize(cell);
+    setSlotBytes(zormod, 1, trimmedBytes(cell), item);
 }
 
 void setScratchCell(ZORMOD& zormod, const Text& value, std::int64_t item) {

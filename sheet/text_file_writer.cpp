@@ -2,16 +2,20 @@
 
 #include "platform/code_page.h"
 #include "platform/failure.h"
+#include "platform/number_text.h"
 #include "sheet/record_file.h"
 #include "sheet/work_files.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace {
 
 /// All files that are written in this way; they lie in the current folder.
 constexpr TextView textFiles[] = {u"ZORCLip", u"ZORCLip.bak"};
+
+constexpr BytesView lineEnd = "\r\n";
 
 /// Lines are handed on in pieces of about this many bytes.
 constexpr std::size_t pieceLength = 1 << 16;
@@ -43,27 +47,23 @@ TextFileWriter::~TextFileWriter() {
     }
 }
 
-void TextFileWriter::line(BytesView bytes) {
-    held_ += bytes;
-    endLine();
+void TextFileWriter::numberLine(std::int64_t number) {
+    appendPrintedNumber(held_, number);
+    held_ += lineEnd;
+    writeOutIfMuch();
 }
 
 void TextFileWriter::quotedLine(BytesView bytes) {
-    held_ += '"';
-    held_ += bytes;
-    held_ += '"';
-    endLine();
+    const std::size_t begin = held_.size();
+    held_.resize(begin + bytes.size() + 2, '"');
+    const std::span<char> text(held_.data() + begin + 1, bytes.size());
+    std::copy(bytes.begin(), bytes.end(), text.begin());
+    zormod_.platform.codePage.canonicalize(text);
+    held_ += lineEnd;
+    writeOutIfMuch();
 }
 
-void TextFileWriter::quotedText(TextView text) {
-    held_ += '"';
-    zormod_.platform.codePage.appendEncoded(held_, text);
-    held_ += '"';
-    endLine();
-}
-
-void TextFileWriter::endLine() {
-    held_ += "\r\n";
+void TextFileWriter::writeOutIfMuch() {
     if (held_.size() >= pieceLength) {
         writeOut();
     }

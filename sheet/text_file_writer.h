@@ -18,18 +18,17 @@ public:
     TextFileWriter(const TextFileWriter&) = delete;
     TextFileWriter& operator=(const TextFileWriter&) = delete;
 
-    /// Writes a line and its end.
-    void line(BytesView bytes);
-    /// Writes a line in double quotes. A double quote inside is written as it is; it ends the field for every reader.
+    /// Writes a number between two blanks as a line.
+    void numberLine(std::int64_t number);
+    /// Writes what the text of `bytes` is encoded as, in double quotes, as a line. A double quote inside is written as it
+    /// is; it ends the field for every reader.
     void quotedLine(BytesView bytes);
-    /// The same for a text.
-    void quotedText(TextView text);
     /// Closes the file and gives it its name; what was written so far is its whole contents.
     void putInPlace();
 
 private:
     Text newPath() const;
-    void endLine();
+    void writeOutIfMuch();
     void writeOut();
 
     ZORMOD& zormod_;

@@ -18,7 +18,7 @@ void realign(ZORMOD& zormod, std::int16_t item) {
     const BulkJob job{.items = BulkItems::own, .road = BulkRoad::inPlace, .canStop = false};
     bulkRewrite(zormod, job, [&](BulkRun& run) {
         run.forEach(1, run.records(), [&](const Bytes& row) {
-            setScratchCell(zormod, trimmed(getScratchCell(zormod, item)), item);
+            realignScratchCell(zormod, item);
             run.write(row);
         });
     });

@@ -2,9 +2,7 @@
 
 #include "edit/range_state.h"
 #include "platform/clipboard.h"
-#include "platform/code_page.h"
 #include "platform/dialogs.h"
-#include "platform/number_text.h"
 #include "platform/screen.h"
 #include "sheet/cell.h"
 #include "sheet/progress_rounds.h"
@@ -33,15 +31,11 @@ Selection orderedSelection(const ZORMOD& zormod) {
     return range;
 }
 
-void writeNumber(const ZORMOD& zormod, TextFileWriter& file, std::int64_t number) {
-    file.line(zormod.platform.codePage.encode(printedNumber(number)));
-}
-
 /// How many numbers from..to there are, then each of them.
-void writeNumbers(const ZORMOD& zormod, TextFileWriter& file, std::int64_t from, std::int64_t to) {
-    writeNumber(zormod, file, to - from + 1);
+void writeNumbers(TextFileWriter& file, std::int64_t from, std::int64_t to) {
+    file.numberLine(to - from + 1);
     for (std::int64_t number = from; number <= to; ++number) {
-        writeNumber(zormod, file, number);
+        file.numberLine(number);
     }
 }
 
@@ -71,9 +65,8 @@ std::optional<Text> writeCells(ZORMOD& zormod, TextFileWriter& file, const Selec
         }
         readRecord(zormod, 1, record, row);
         for (std::int16_t item = range.selItemFrom; item <= range.selItemTo; ++item) {
-            const std::size_t begin = cells.size();
             appendCell(zormod, row, item, cells);
-            file.quotedText(TextView(cells).substr(begin));
+            file.quotedLine(cellBytes(zormod, row, item));
         }
     }
     return cells;
@@ -93,8 +86,8 @@ bool makeClip(ZORMOD& zormod) {
     const Selection range = orderedSelection(zormod);
     ProgressRounds rounds(zormod, u"ｸﾘｯﾌﾟﾌｧｲﾙ作成中", true, range.selRecordTo);
     TextFileWriter file(zormod, 3, Text(clipFileName));
-    writeNumbers(zormod, file, range.selRecordFrom, range.selRecordTo);
-    writeNumbers(zormod, file, range.selItemFrom, range.selItemTo);
+    writeNumbers(file, range.selRecordFrom, range.selRecordTo);
+    writeNumbers(file, range.selItemFrom, range.selItemTo);
     std::optional<Text> cells = writeCells(zormod, file, range, rounds);
     file.putInPlace();
     zormod.platform.dialogs.closeProgress();

@@ -2,7 +2,6 @@
 
 #include "platform/code_page.h"
 #include "platform/dialogs.h"
-#include "platform/number_text.h"
 #include "sheet/cell.h"
 #include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
@@ -55,15 +54,13 @@ std::unique_ptr<TableLock> claimClip(ZORMOD& zormod) {
 /// The new backup, with the number of its first record.
 class Backup {
 public:
-    Backup(ZORMOD& zormod, std::int32_t firstRecord)
-        : codePage_(zormod.platform.codePage), file_(zormod, 4, Text(clipBackupName)) {
-        file_.line(codePage_.encode(printedNumber(firstRecord)));
+    Backup(ZORMOD& zormod, std::int32_t firstRecord) : file_(zormod, 4, Text(clipBackupName)) {
+        file_.numberLine(firstRecord);
     }
-    void add(BytesView row) { file_.quotedLine(codePage_.encode(codePage_.decode(row))); }
+    void add(BytesView row) { file_.quotedLine(row); }
     void putInPlace() { file_.putInPlace(); }
 
 private:
-    const CodePage& codePage_;
     TextFileWriter file_;
 };
 

@@ -37,7 +37,7 @@ Bytes rewrittenRecord(const CodePage& codePage, BytesView record, const ItemTabl
     Bytes row;
     for (std::int16_t item = 0; item <= made.itemCount; ++item) {
         const bool hadCell = item <= old.itemCount && old.itemWidth[item] != 0;
-        row += alignedBytes(hadCell ? oldValue(codePage, record, old, item) : Bytes(),
+        appendAligned(row, hadCell ? oldValue(codePage, record, old, item) : Bytes(),
                       static_cast<std::size_t>(made.itemWidth[item]), made.itemAlign[item] == u"R");
     }
     return endedRecord(row);

@@ -16,7 +16,7 @@ Bytes resizedRecord(BytesView record, const ItemTable& old, const ItemTable& mad
         if (cell.size() == width) { // as all cells but those of the item in hand
             row += cell;
         } else {
-            row += alignedBytes(Bytes(cell), width, made.itemAlign[item] != u"L");
+            appendAligned(row, cell, width, made.itemAlign[item] != u"L");
         }
     }
     // A table may come with widths that leave no room for the line end.

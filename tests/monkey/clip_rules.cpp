@@ -30,3 +30,8 @@ bool clipReadsBack(const std::string& clip) {
     const std::size_t items = number(1 + records);
     return records > 0 && items > 0 && fields.size() >= 2 + records + items + records * items;
 }
+
+bool backupFits(const std::string& backup, std::size_t records) {
+    const long first = std::strtol(backup.c_str(), nullptr, 10);
+    return first >= 1 && static_cast<std::size_t>(first) <= records + 1;
+}

@@ -1,8 +1,12 @@
 #pragma once
-// What a clip file gives back. One whose making was stopped has fewer cells than its head tells of. A double quote inside
+// What a clip file and its backup give back. One whose making was stopped has fewer cells than its head tells of. A double quote inside
 // a cell isn't escaped there, so a cell may come back cut, as two, or together with the next.
 
 #include <string>
 
 /// True if the whole clip can be read: as many fields behind its head as the head tells. `clip` is the file's bytes.
 bool clipReadsBack(const std::string& clip);
+
+/// True if the backup's rows can be put back into a table of `records` records: its first one, whose number the backup
+/// begins with, must not lie behind the record that follows the last. `backup` is the file's bytes.
+bool backupFits(const std::string& backup, std::size_t records);

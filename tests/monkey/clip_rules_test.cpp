@@ -17,3 +17,10 @@ TEST(ClipRules, ACellThatComesBackAsTwoReadsBack) { EXPECT_TRUE(clipReadsBack(cl
 TEST(ClipRules, ACellThatComesBackWithTheNextReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("\",", "cd"))); }
 TEST(ClipRules, AClipThatIsCutShortDoesNot) { EXPECT_FALSE(clipReadsBack(" 2 \r\n 1 \r\n 2 \r\n 1 \r\n 3 \r\n\"ab\"\r\n")); }
 TEST(ClipRules, AnEmptyFileDoesNot) { EXPECT_FALSE(clipReadsBack("")); }
+
+TEST(ClipRules, ABackupFitsUpToTheRecordBehindTheLast) {
+    EXPECT_TRUE(backupFits(" 1 \r\n\"ab\"\r\n", 0));
+    EXPECT_TRUE(backupFits(" 4 \r\n\"ab\"\r\n", 3));
+    EXPECT_FALSE(backupFits(" 5 \r\n\"ab\"\r\n", 3));
+    EXPECT_FALSE(backupFits("", 3));
+}

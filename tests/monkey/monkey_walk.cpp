@@ -25,6 +25,7 @@ constexpr std::size_t longestTable = 4 << 20;
 constexpr int keysInOneForm = 60; ///< after these the monkey wants to get out
 constexpr int keysToGetOut = 200;
 constexpr TextView makeFolderTitle = u"フォルダの作成";
+constexpr long keysBetweenReports = 100000;
 constexpr auto keyCount = "monkeyKeys";
 
 /// The folder of a walk on table `number`: two tables, or only the one that isn't opened by itself.
@@ -147,11 +148,14 @@ private:
         }
     }
 
-    /// A clip whose making was stopped is told as a failure when it is pasted.
+    /// A clip whose making was stopped is told as a failure when it is pasted, and so is the undoing of a paste when the
+    /// table has lost records or is another one.
     bool clipMayFail() {
         const FolderFiles files = desk_->folderFiles();
         const auto clip = files.find("ZORCLip");
-        return clip != files.end() && !clipReadsBack(clip->second);
+        const auto backup = files.find("ZORCLip.bak");
+        return (clip != files.end() && !clipReadsBack(clip->second)) ||
+               (backup != files.end() && !backupFits(backup->second, seen_.records.size() / recordLength));
     }
 
     void getOut(QWidget& form, int keys) {
@@ -182,12 +186,16 @@ void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) 
     const CodePage codePage;
     Dice dice(seed);
     MemoryWatch memory;
-    while (steps > 0) {
+    long pressed = 0;
+    while (pressed < steps) {
         const std::uint64_t table = dice.number() >> 16;
-        const int now = static_cast<int>(std::min<long>(steps, stepsOnOneTable));
+        const int now = static_cast<int>(std::min<long>(steps - pressed, stepsOnOneTable));
         RandomSource source(dice.number(), table, now, traceFile);
         Walk(source, folderFor(codePage, table)).run();
-        steps -= source.pressed();
+        if ((pressed + source.pressed()) / keysBetweenReports > pressed / keysBetweenReports) {
+            std::cout << pressed + source.pressed() << " keys" << std::endl;
+        }
+        pressed += source.pressed();
         if (const auto wrong = memory.look()) {
             tellAndEnd(*wrong);
         }

@@ -6,6 +6,16 @@
 
 #include <limits>
 
+TEST(NumberText, PrintedNumbersStandBehindWhatALineHolds) {
+    for (const std::int64_t value : {std::int64_t{0}, std::int64_t{7}, std::int64_t{-7}, std::int64_t{1000000},
+                                     std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
+        Bytes line = "a";
+        appendPrintedNumber(line, value);
+        EXPECT_EQ(line, "a" + std::string(value < 0 ? "" : " ") + std::to_string(value) + " ");
+        EXPECT_EQ(Text(line.begin() + 1, line.end()), printedNumber(value));
+    }
+}
+
 TEST(PlainNumber, HasNoBlanksAndAZeroBeforeThePoint) {
     EXPECT_EQ(plainNumber(12), u"12");
     EXPECT_EQ(plainNumber(0), u"0");

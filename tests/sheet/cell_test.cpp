@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace {
 
 /// A table of items given by alignment and width, with nothing behind it on the disk.
@@ -100,6 +102,38 @@ TEST(Cell, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
     CellWorld world({{u"L", 4}, {u"L", 2}});
     setScratchCell(world.zormod, u"a\u00E4b", 0);
     EXPECT_EQ(world.row().substr(0, 4), "a?b ");
+}
+
+TEST(Cell, RealigningIsWhatTakingTheCellOutAndPuttingItBackMakes) {
+    std::mt19937 random(57);
+    for (int run = 0; run < 3000; ++run) {
+        const int items = 1 + static_cast<int>(random() % 4);
+        std::vector<std::pair<std::u16string_view, int>> shapes;
+        for (int item = 0; item < items; ++item) {
+            shapes.emplace_back(random() % 2 == 0 ? u"R" : u"L", random() % 70);
+        }
+        CellWorld world(shapes);
+        Bytes row(recordLength, ' ');
+        for (char& byte : row) {
+            const unsigned kind = random() % 6;
+            byte = static_cast<char>(kind < 3 ? ' ' : kind == 3 ? 0xED + random() % 16 : random());
+        }
+        const std::int64_t item = static_cast<std::int64_t>(random()) % items;
+        world.row() = row;
+        realignScratchCell(world.zormod, item);
+        const Bytes realigned = world.row();
+
+        const CodePage& page = world.codePage;
+        const auto first = static_cast<std::size_t>(world.zormod.items.itemStart[item] - 1);
+        const auto width = static_cast<std::size_t>(shapes[static_cast<std::size_t>(item)].second);
+        const Bytes value = page.encode(trimmed(page.decode(row.substr(first, width))));
+        const Bytes blanks(width - value.size(), ' ');
+        Bytes expected = row.substr(0, first) +
+                         (shapes[static_cast<std::size_t>(item)].first == u"R" ? blanks + value : value + blanks);
+        expected = page.encode(page.decode(item == items - 1 ? expected : expected + row.substr(first + width)));
+        expected.resize(recordLength, ' ');
+        ASSERT_EQ(realigned, expected) << "item " << item << " in run " << run;
+    }
 }
 
 TEST(Cell, AnItemOutsideTheArraysIsAFailure) {

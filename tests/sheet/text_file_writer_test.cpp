@@ -20,12 +20,14 @@ TEST(TextFileWriter, TheFileGetsItsNameOnlyWhenItIsPutInPlace) {
     world.writeFile("list", "a much longer old file\r\n");
     {
         TextFileWriter file(world.zormod, 3, u"list");
-        file.line("one");
+        file.numberLine(-1);
+        file.numberLine(20);
         file.quotedLine("tw\"o");
+        file.quotedLine("\xED\x40 "); // a code that stands for its character a second time
         EXPECT_EQ(world.bytesOf("list"), "a much longer old file\r\n");
         EXPECT_NE(world.zormod.files.byNumber[3], nullptr);
         file.putInPlace();
-        EXPECT_EQ(world.bytesOf("list"), "one\r\n\"tw\"o\"\r\n");
+        EXPECT_EQ(world.bytesOf("list"), "-1 \r\n 20 \r\n\"tw\"o\"\r\n\"\xFA\x5C \"\r\n");
         EXPECT_EQ(world.zormod.files.byNumber[3], nullptr);
     }
     EXPECT_FALSE(world.has(".new-list"));
@@ -36,7 +38,7 @@ TEST(TextFileWriter, AFileThatIsNeverPutInPlaceLeavesTheOldOne) {
     world.writeFile("list", "old\r\n");
     {
         TextFileWriter file(world.zormod, 4, u"list");
-        file.line("new");
+        file.quotedLine("new");
     }
     EXPECT_EQ(world.bytesOf("list"), "old\r\n");
     EXPECT_FALSE(world.has(".new-list"));
@@ -47,9 +49,9 @@ TEST(TextFileWriter, WhatAKillLeftBehindIsReplaced) {
     WriterWorld world;
     world.writeFile(".new-list", std::string(5000, 'x'));
     TextFileWriter file(world.zormod, 3, u"list");
-    file.line("new");
+    file.quotedLine("new");
     file.putInPlace();
-    EXPECT_EQ(world.bytesOf("list"), "new\r\n");
+    EXPECT_EQ(world.bytesOf("list"), "\"new\"\r\n");
 }
 
 TEST(TextFileWriter, AnOldFileOfAnotherSpellingKeepsItsOwn) {
