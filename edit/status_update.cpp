@@ -185,7 +185,8 @@ void setPanelText(EditScreen& edit, PanelField field, const Text& text) {
 
 void setBoxText(EditScreen& edit, PanelField field, TextView text) {
     WatchedText* const box = watchedBox(edit, field);
-    if (box != nullptr && box->set(text)) {
+    // An empty box is emptied once more, or its Ctrl+Z would bring back what was typed at another cell.
+    if (box != nullptr && (box->set(text) || text.empty())) {
         edit.zormod.platform.screen.showField(field, box->text());
     }
 }

@@ -41,7 +41,9 @@ KeyLineEdit::KeyLineEdit(const FormContext& context, QWidget* parent)
 
 void KeyLineEdit::setProgramText(TextView text) {
     if (composing_) {
-        waiting_ = Text(text);
+        if (waiting_ || text != told_) {
+            waiting_ = Text(text);
+        }
         return;
     }
     waiting_.reset();

@@ -72,6 +72,21 @@ TEST(EditStory, HalfWidthTextIsTypedOverACellAndKeptByDown) {
     EXPECT_EQ(story.file(), record("1   xY         31") + record(suzuki));
 }
 
+TEST(EditStory, TakingBackTypedTextEndsWithItsCell) {
+    Story story(2);
+    story.keys.type(u"x");
+    story.key(plainKey(Key::backspace));
+    EXPECT_EQ(story.edit.txtinputbox.text(), u"");
+    story.key(ctrlKey(Key::z));
+    EXPECT_EQ(story.edit.txtinputbox.text(), u"x") << "in the cell where it was typed";
+    story.key(plainKey(Key::backspace));
+    story.key(plainKey(Key::right));
+    story.key(ctrlKey(Key::z));
+    EXPECT_EQ(story.edit.txtinputbox.text(), u"") << "but not in the next";
+    story.key(plainKey(Key::down));
+    EXPECT_EQ(story.file(), record(yamada) + record(suzuki));
+}
+
 TEST(EditStory, ComposedTextIsNeitherHeardNorMeasuredUntilItIsCommitted) {
     Story story(2);
     story.key(plainKey(Key::right));

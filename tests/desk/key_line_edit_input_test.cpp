@@ -56,6 +56,16 @@ TEST(KeyLineEditInput, ProgramTextWaitsForTheEndOfAComposition) {
     EXPECT_THAT(desk.events, ElementsAre("other key"));
 }
 
+TEST(KeyLineEditInput, ProgramTextThatIsThereAlreadyMovesNoComposition) {
+    BoxWindow desk;
+    desk.box->setProgramText(u"abc");
+    desk.box->setCursorPosition(1);
+    desk.keys.compose(u"や");
+    desk.box->setProgramText(u"abc");
+    desk.keys.commit(u"矢");
+    EXPECT_EQ(desk.text(), "a矢bc");
+}
+
 TEST(KeyLineEditInput, WhatIsCommittedFollowsTheTextThatWaited) {
     BoxWindow desk;
     desk.keys.compose(u"や");

@@ -22,7 +22,11 @@ public:
     /// Called after each table. What is wrong, or nothing.
     std::optional<std::string> look() {
         constexpr int tablesToWarmUp = 8;
+#ifdef __SANITIZE_ADDRESS__
+        constexpr long allowed = 512L << 20; // the sanitizer keeps freed memory back for a while
+#else
         constexpr long allowed = 48L << 20;
+#endif
         malloc_trim(0); // what the heap keeps back for later is no growth
         const long now = residentMemory();
         if (++tables_ <= tablesToWarmUp) {

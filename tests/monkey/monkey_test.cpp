@@ -1,26 +1,27 @@
 // Random keys on random tables: nothing is ever lost, whatever is pressed.
 //
 // ROMIKA_MONKEY_SEED and ROMIKA_MONKEY_STEPS choose another walk, ROMIKA_MONKEY_REPLAY walks the trace in a file again,
-// ROMIKA_LONG asks for the long walk. What a walk finds is told with the shortest list of keys that shows it.
+// ROMIKA_LONG asks for the long walk: several ones side by side, as many as the machine has processors. What a walk finds
+// is told with the shortest list of keys that shows it.
 
 #include "support/test_world.h"
 #include "tests/monkey/walk_process.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <future>
 #include <iterator>
+#include <thread>
+#include <vector>
 
 namespace {
 
 constexpr int secondsToShorten = 120;
-// The sanitizers look at every step of their own, and take their time for it.
-#ifdef __SANITIZE_ADDRESS__
-constexpr auto longWalk = "300000";
-#else
-constexpr auto longWalk = "5000000";
-#endif
+constexpr long shortWalk = 30000;
+constexpr long longWalk = 5000000;
 
 std::string setting(const char* name, const std::string& otherwise) {
     const char* value = std::getenv(name);
@@ -52,15 +53,24 @@ void expectNothingFound(const WalkResult& result, const std::string& traceFile, 
 
 TEST(Monkey, LosesNothingByRandomKeys) {
     const TemporaryFolder folder;
-    const std::string traceFile = folder.path() + "/trace";
     const std::string scratchFile = folder.path() + "/shorter";
     const std::string replay = setting("ROMIKA_MONKEY_REPLAY", "");
     if (!replay.empty()) {
         expectNothingFound(walkInProcess({"--again", replay}, 600), replay, scratchFile);
         return;
     }
-    const std::string seed = setting("ROMIKA_MONKEY_SEED", "1");
-    const std::string steps = setting("ROMIKA_MONKEY_STEPS", isLongRun() ? longWalk : "30000");
-    const int patience = 120 + std::atoi(steps.c_str()) / 50;
-    expectNothingFound(walkInProcess({"--walk", seed, steps, traceFile}, patience), traceFile, scratchFile);
+    const long firstSeed = std::stol(setting("ROMIKA_MONKEY_SEED", "1"));
+    const long steps = std::stol(setting("ROMIKA_MONKEY_STEPS", std::to_string(isLongRun() ? longWalk : shortWalk)));
+    const long walks = isLongRun() ? std::clamp(std::thread::hardware_concurrency(), 1U, 16U) : 1;
+    const auto traceFile = [&](long walk) { return folder.path() + "/trace" + std::to_string(walk); };
+    std::vector<std::future<WalkResult>> results;
+    for (long walk = 0; walk < walks; ++walk) {
+        const std::vector<std::string> arguments = {"--walk", std::to_string(firstSeed + walk),
+                                                    std::to_string(steps / walks), traceFile(walk)};
+        const int patience = 120 + static_cast<int>(steps / walks / 50);
+        results.push_back(std::async(std::launch::async, [=] { return walkInProcess(arguments, patience); }));
+    }
+    for (long walk = 0; walk < walks; ++walk) {
+        expectNothingFound(results[static_cast<std::size_t>(walk)].get(), traceFile(walk), scratchFile);
+    }
 }
