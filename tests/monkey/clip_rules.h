@@ -4,9 +4,10 @@
 
 #include <string>
 
-/// True if the whole clip can be read: as many fields behind its head as the head tells. `clip` is the file's bytes.
+/// True if the whole clip can be read: as many whole fields behind its head as the head tells. `clip` is the file's bytes.
 bool clipReadsBack(const std::string& clip);
 
 /// True if the backup's rows can be put back into a table of `records` records: its first one, whose number the backup
-/// begins with, must not lie behind the record that follows the last. `backup` is the file's bytes.
+/// begins with, must not lie behind the record that follows the last, and no double quote may be left open. `backup` is
+/// the file's bytes.
 bool backupFits(const std::string& backup, std::size_t records);

@@ -16,6 +16,10 @@ TEST(ClipRules, ACellThatIsCutReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("a\"
 TEST(ClipRules, ACellThatComesBackAsTwoReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("a\",b", "cd"))); }
 TEST(ClipRules, ACellThatComesBackWithTheNextReadsBack) { EXPECT_TRUE(clipReadsBack(clipOf("\",", "cd"))); }
 TEST(ClipRules, AClipThatIsCutShortDoesNot) { EXPECT_FALSE(clipReadsBack(" 2 \r\n 1 \r\n 2 \r\n 1 \r\n 3 \r\n\"ab\"\r\n")); }
+TEST(ClipRules, ACellThatIsLeftOpenDoesNot) {
+    EXPECT_FALSE(clipReadsBack(clipOf("ab", "cd").substr(0, clipOf("ab", "cd").size() - 3)));
+    EXPECT_TRUE(clipReadsBack(clipOf("ab", "cd").substr(0, clipOf("ab", "cd").size() - 2)));
+}
 TEST(ClipRules, AnEmptyFileDoesNot) { EXPECT_FALSE(clipReadsBack("")); }
 
 TEST(ClipRules, ABackupFitsUpToTheRecordBehindTheLast) {
@@ -23,4 +27,9 @@ TEST(ClipRules, ABackupFitsUpToTheRecordBehindTheLast) {
     EXPECT_TRUE(backupFits(" 4 \r\n\"ab\"\r\n", 3));
     EXPECT_FALSE(backupFits(" 5 \r\n\"ab\"\r\n", 3));
     EXPECT_FALSE(backupFits("", 3));
+}
+
+TEST(ClipRules, ABackupThatIsLeftOpenDoesNotFit) {
+    EXPECT_TRUE(backupFits(" 1 \r\n\"a\"b\"\r\n", 3));
+    EXPECT_FALSE(backupFits(" 1 \r\n\"a\",\"\r\n", 3));
 }
