@@ -45,6 +45,18 @@ TEST(TextFileWriter, AFileThatIsNeverPutInPlaceLeavesTheOldOne) {
     EXPECT_EQ(world.zormod.files.byNumber[4], nullptr);
 }
 
+TEST(TextFileWriter, AFileThatCannotTakeItsPlaceIsTakenAway) {
+    WriterWorld world;
+    std::filesystem::create_directory(world.folder.path() + "/list");
+    {
+        TextFileWriter file(world.zormod, 4, u"list");
+        EXPECT_THROW(file.putInPlace(), RuntimeFailure);
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(world.folder.path() + "/list"));
+    EXPECT_FALSE(world.has(".new-list"));
+    EXPECT_EQ(world.zormod.files.byNumber[4], nullptr);
+}
+
 TEST(TextFileWriter, WhatAKillLeftBehindIsReplaced) {
     WriterWorld world;
     world.writeFile(".new-list", std::string(5000, 'x'));
