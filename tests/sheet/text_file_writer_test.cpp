@@ -66,6 +66,19 @@ TEST(TextFileWriter, WhatAKillLeftBehindIsReplaced) {
     EXPECT_EQ(world.bytesOf("list"), "\"new\"\r\n");
 }
 
+TEST(TextFileWriter, WhatAnotherCopyIsWritingStaysUntilThatCopyIsDone) {
+    WriterWorld world;
+    world.writeFile(".new-ZORCLip", "half");
+    PosixFiles other(defaultDrives(), world.folder.path());
+    auto claim = other.lockFolder(other.currentFolder());
+    ASSERT_NE(claim, nullptr);
+    clearUnfinishedTextFiles(world.zormod);
+    EXPECT_EQ(world.bytesOf(".new-ZORCLip"), "half");
+    claim.reset();
+    clearUnfinishedTextFiles(world.zormod);
+    EXPECT_FALSE(world.has(".new-ZORCLip"));
+}
+
 TEST(TextFileWriter, AnOldFileOfAnotherSpellingKeepsItsOwn) {
     WriterWorld world;
     world.writeFile("LIST", "old\r\n");
