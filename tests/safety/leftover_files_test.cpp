@@ -2,13 +2,18 @@
 
 #include "platform/posix/hidden_files.h"
 #include "platform/posix/replacement_file.h"
+#include "safety/system_calls.h"
 #include "sheet/swap_record.h"
+#include "support/folder_entries.h"
 #include "support/forked_child.h"
 #include "support/real_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -24,6 +29,17 @@ ForkedChild writerOf(const std::string& path) {
         replacement.putInPlace();
         return true;
     });
+}
+
+/// The native path of the one file whose name begins with a point.
+std::string hiddenIn(const RealFolder& world) {
+    std::string path;
+    for (const std::string& name : entriesOf(world.folder.path())) {
+        if (name.starts_with('.')) {
+            path = world.native(name);
+        }
+    }
+    return path;
 }
 
 } // namespace
@@ -53,6 +69,45 @@ TEST(LeftoverFiles, OfARunningWriterStay) {
     EXPECT_EQ(world.entries(), 1);
 }
 
+TEST(LeftoverFiles, AFileThatIsTakenForOneAheadOfItsLockIsMadeAnew) {
+    RealFolder world;
+    world.make("a.txt", "old");
+    CallWatch watch(world.folder.path());
+    bool isSwept = false;
+    watch.lookAheadOfEachCall([&] {
+        if (!isSwept && world.entries() == 2) {
+            isSwept = true;
+            removeLeftovers(world.folder.path());
+        }
+    });
+    world.files.replaceWhole(u"a.txt", "new");
+    EXPECT_TRUE(isSwept);
+    EXPECT_EQ(world.bytesOf("a.txt"), "new");
+    EXPECT_EQ(world.entries(), 1);
+}
+
+TEST(LeftoverFiles, AFileThatSomebodyIsAboutToSweepIsLeftToHim) {
+    RealFolder world;
+    world.make("a.txt", "old");
+    CallWatch watch(world.folder.path());
+    std::string path;
+    Descriptor sweeper;
+    watch.lookAheadOfEachCall([&] {
+        if (path.empty() && world.entries() == 2) {
+            path = hiddenIn(world);
+            sweeper = openNative(path, O_RDWR);
+            EXPECT_EQ(flock(sweeper.number(), LOCK_EX | LOCK_NB), 0);
+        } else if (sweeper.isOpen() && watch.steps().size() > 1) {
+            EXPECT_EQ(unlink(path.c_str()), 0);
+            sweeper = Descriptor();
+        }
+    });
+    world.files.replaceWhole(u"a.txt", "new");
+    EXPECT_FALSE(path.empty());
+    EXPECT_EQ(world.bytesOf("a.txt"), "new");
+    EXPECT_EQ(world.entries(), 1);
+}
+
 TEST(LeftoverFiles, AreKnownByTheirWholeName) {
     RealFolder world;
     for (const char* name : {".romika-work", ".romika-0123456789abcdef0123456", ".romika-0123456789abcdef012345678",
@@ -74,6 +129,7 @@ TEST(LeftoverFiles, AFolderOrALinkOfThatNameIsNotTouched) {
     std::filesystem::create_symlink(world.native("theirs.txt"), world.native(name));
     removeLeftovers(world.folder.path());
     EXPECT_EQ(world.bytesOf("theirs.txt"), "kept");
+    EXPECT_TRUE(std::filesystem::is_symlink(world.native(name)));
     std::filesystem::remove(world.native(name));
     std::filesystem::create_directory(world.native(name));
     removeLeftovers(world.folder.path());

@@ -1,5 +1,6 @@
 // Two copies of the program at once, each a process of its own: on one table, and on two tables in one folder.
 
+#include "safety/system_calls.h"
 #include "safety/writing_operations.h"
 #include "sheet/bulk_rewrite.h"
 #include "sheet/change_in_place.h"
@@ -182,6 +183,25 @@ TEST(TwoCopies, OneThatIsKilledAmidRecordsInPlaceLeavesThemToTheNextThatOpensThe
     EXPECT_TRUE(world.opens("t.txt"));
     EXPECT_EQ(world.bytesOf("t.txt"), old);
     EXPECT_EQ(world.entries(), twoTables);
+}
+
+TEST(TwoCopies, ATableThatTheOtherReplacesJustNowIsClaimedAsTheFileThatItIsByThen) {
+    // Ahead of the look at the name, of opening, of locking, and of the second look.
+    for (int call = 1; call <= 4; ++call) {
+        CopiesWorld world;
+        const std::string path = world.folder.path() + "/t.txt";
+        CallWatch watch(world.folder.path());
+        int calls = 0;
+        watch.lookAheadOfEachCall([&] {
+            if (++calls == call) {
+                std::filesystem::rename(world.folder.path() + "/u.txt", path);
+            }
+        });
+        const auto claim = world.files.lockTable(world.zormod.file.programFolder + u"t.txt");
+        EXPECT_NE(claim, nullptr) << call;
+        EXPECT_FALSE(std::filesystem::exists(world.folder.path() + "/u.txt")) << call;
+        EXPECT_FALSE(isUnclaimed(path)) << call;
+    }
 }
 
 TEST(TwoCopies, OneWorkFolderServesOneRewriteAtATime) {

@@ -233,6 +233,15 @@ TEST(BulkRewrite, ALeftoverOfOurOwnDoesNot) {
     EXPECT_EQ(world.entries(), tableAlone);
 }
 
+TEST(BulkRewrite, NothingOfALongerNewFileThatCouldNotBeTakenAwayComesIntoTheTable) {
+    BulkWorld world(2);
+    const std::string before = world.bytesOf("t.txt");
+    world.writeFile(".new-t.txt", std::string(5 * 256, 'z'));
+    EXPECT_EQ(copyAll(world.zormod, BulkRoad::inPlace), BulkEnd::done);
+    EXPECT_EQ(world.bytesOf("t.txt"), before);
+    EXPECT_EQ(world.entries(), tableAlone);
+}
+
 TEST(BulkRewrite, ARunThatFailsLeavesTheOldBytesAndNoNewFile) {
     for (const BulkRoad road : {BulkRoad::workFile, BulkRoad::inPlace}) {
         BulkWorld world(3);

@@ -88,6 +88,7 @@ TEST(Cell, AnItemOfWidthZeroReadsEmptyAndChangesNothing) {
     setScratchCell(world.zormod, u"zzz", 2);
     EXPECT_EQ(world.row(), before);
     EXPECT_EQ(getScratchCell(world.zormod, 1), u"");
+    EXPECT_EQ(itemSpan(world.zormod.items, world.row(), 1, 2), "");
 }
 
 TEST(Cell, SlotZeroAndOneAreSeparate) {

@@ -31,6 +31,15 @@ struct HalfSwapped : BulkWorld {
         EXPECT_EQ(bytesOf("kt.txt"), oldItems);
     }
     void recover() { recoverTable(zormod, zormod.file.fileName, zormod.file.fileDrive); }
+    bool opensInAFolderThatCannotBeWritten() {
+        fs::permissions(folder.path(), fs::perms(0555));
+        const bool opens = holdsForOrdinaryUser([this] {
+            recover();
+            return true;
+        });
+        fs::permissions(folder.path(), fs::perms(0755));
+        return opens;
+    }
     /// The next opening changes nothing, tells so once, and keeps the record under another name.
     void expectLeftAlone(std::set<std::string> names) {
         const std::string data = bytesOf("t.txt");
@@ -98,7 +107,7 @@ TEST(SwapRecord, ATableBroughtBackFromABackupStaysAsItIs) {
     EXPECT_EQ(world.entries(), tableAlone);
 }
 
-TEST(SwapRecord, ALongTableBroughtBackIsKnownByItsEnds) {
+TEST(SwapRecord, ALongTableBroughtBackIsKnownByItsEndsAndItsLength) {
     HalfSwapped world;
     world.oldData = std::string(400 * recordLength, 'o');
     const Bytes record = world.bytesOf(".swap-t.txt");
@@ -108,10 +117,12 @@ TEST(SwapRecord, ALongTableBroughtBackIsKnownByItsEnds) {
     appendNumber(changed, world.oldData.size());
     appendNumber(changed, sampleOf(*old));
     changed += record.substr(40);
-    for (const std::size_t at : {std::size_t{0}, world.oldData.size() - 1}) {
-        std::string edited = world.oldData;
-        edited[at] = 'x';
-        world.writeFile("t.txt", edited);
+    std::vector<std::string> others(3, world.oldData);
+    others[0].front() = 'x';
+    others[1].back() = 'x';
+    others[2] += std::string(recordLength, 'o'); // both ends are the same
+    for (const std::string& other : others) {
+        world.writeFile("t.txt", other);
         world.writeFile(".swap-t.txt", changed);
         world.dialogs.messages.clear();
         world.expectLeftAlone(tableAlone);
@@ -139,10 +150,14 @@ TEST(SwapRecord, AnItemFileChangedMeanwhileStaysAsItIsAndTheUserIsTold) {
     world.expectLeftAlone(tableAlone);
 }
 
-TEST(SwapRecord, ATableThatIsGoneStaysGone) {
-    HalfSwapped world;
-    fs::remove(world.folder.path() + "/t.txt");
-    world.expectLeftAlone({"kt.txt"});
+TEST(SwapRecord, AFileThatIsGoneStaysGone) {
+    for (const char* name : {"t.txt", "kt.txt"}) {
+        HalfSwapped world;
+        fs::remove(world.folder.path() + "/" + name);
+        std::set<std::string> others = tableAlone;
+        others.erase(name);
+        world.expectLeftAlone(others);
+    }
 }
 
 TEST(SwapRecord, ARecordThatIsNoneIsTakenAway) {
@@ -159,19 +174,24 @@ TEST(SwapRecord, ARecordThatIsNoneIsTakenAway) {
 
 TEST(SwapRecord, AFolderThatCannotBeWrittenDoesNotKeepATableFromOpening) {
     HalfSwapped world;
+    const std::string record = world.bytesOf(".swap-t.txt");
     world.recover();
-    world.writeFile(".romika-work", "");
-    world.writeFile("WORK.QQQ", "x");
-    fs::permissions(world.folder.path(), fs::perms(0555));
-    const bool opened = holdsForOrdinaryUser([&] {
-        world.recover();
-        return true;
-    });
-    fs::permissions(world.folder.path(), fs::perms(0755));
-    EXPECT_TRUE(opened);
-    EXPECT_EQ(world.bytesOf("WORK.QQQ"), "x");
+    const std::vector<std::pair<std::string, std::string>> leftovers = {
+        {".swap-t.txt", record}, {".new-ZORCLip", "x"}, {".romika-work", ""}, {"WORK.QQQ", "x"}};
+    for (const auto& [name, bytes] : leftovers) {
+        world.writeFile(name, bytes);
+        EXPECT_TRUE(world.opensInAFolderThatCannotBeWritten()) << name;
+        EXPECT_EQ(world.bytesOf(name), bytes);
+    }
     world.recover();
     EXPECT_EQ(world.entries(), tableAlone);
+}
+
+TEST(SwapRecord, ATableChangedMeanwhileOpensThoughTheRecordCannotBePutAside) {
+    HalfSwapped world;
+    world.writeFile("kt.txt", world.oldItems + " ");
+    world.dialogs.expectedMessages = 1;
+    EXPECT_TRUE(world.opensInAFolderThatCannotBeWritten());
 }
 
 TEST(SwapRecord, WorkFilesOfSomebodyElseStay) {

@@ -45,6 +45,18 @@ TEST(TextFileWriter, AFileThatIsNeverPutInPlaceLeavesTheOldOne) {
     EXPECT_EQ(world.zormod.files.byNumber[4], nullptr);
 }
 
+TEST(TextFileWriter, AFileThatCannotTakeItsPlaceIsTakenAway) {
+    WriterWorld world;
+    std::filesystem::create_directory(world.folder.path() + "/list");
+    {
+        TextFileWriter file(world.zormod, 4, u"list");
+        EXPECT_THROW(file.putInPlace(), RuntimeFailure);
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(world.folder.path() + "/list"));
+    EXPECT_FALSE(world.has(".new-list"));
+    EXPECT_EQ(world.zormod.files.byNumber[4], nullptr);
+}
+
 TEST(TextFileWriter, WhatAKillLeftBehindIsReplaced) {
     WriterWorld world;
     world.writeFile(".new-list", std::string(5000, 'x'));
@@ -52,6 +64,19 @@ TEST(TextFileWriter, WhatAKillLeftBehindIsReplaced) {
     file.quotedLine("new");
     file.putInPlace();
     EXPECT_EQ(world.bytesOf("list"), "\"new\"\r\n");
+}
+
+TEST(TextFileWriter, WhatAnotherCopyIsWritingStaysUntilThatCopyIsDone) {
+    WriterWorld world;
+    world.writeFile(".new-ZORCLip", "half");
+    PosixFiles other(defaultDrives(), world.folder.path());
+    auto claim = other.lockFolder(other.currentFolder());
+    ASSERT_NE(claim, nullptr);
+    clearUnfinishedTextFiles(world.zormod);
+    EXPECT_EQ(world.bytesOf(".new-ZORCLip"), "half");
+    claim.reset();
+    clearUnfinishedTextFiles(world.zormod);
+    EXPECT_FALSE(world.has(".new-ZORCLip"));
 }
 
 TEST(TextFileWriter, AnOldFileOfAnotherSpellingKeepsItsOwn) {

@@ -449,6 +449,8 @@ TEST(ClipPaste, NoiseChangesNothing) {
         "",                             // no file is empty
         "nonsense",                     // no numbers, and too short
         " 5 \r\n 1 \r\n",               // fewer records than told
+        " 0 \r\n 1 \r\n 1 \r\n",       // no record at all, though a range has one
+        "-1 \r\n 1 \r\n 1 \r\n",       // fewer still
         " 999999999 \r\n 1 \r\n 1 \r\n", // absurdly many
         " 1 \r\n 1 \r\n 99999999 \r\n 1 \r\n\"x\"\r\n",
         " 99999999999 \r\n",            // beyond 32 bits

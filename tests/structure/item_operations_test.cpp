@@ -201,8 +201,10 @@ TEST(InsertItems, AWidthOf253AfterwardsIsAllowedOneMoreIsRefused) {
 
 TEST(InsertItems, MoreItemsThanATableMayHaveAreRefused) {
     TestWorld world;
-    std::vector<TestWorld::Item> items(255, {u"a", u"L", 0});
+    std::vector<TestWorld::Item> items(254, {u"a", u"L", 0});
     world.table(items, {{}});
+    EXPECT_EQ(insertItems(world.zormod, 9, 9), BulkEnd::done);
+    EXPECT_EQ(world.zormod.items.itemCount, 254);
     world.dialogs.expectedMessages = 1;
     EXPECT_EQ(insertItems(world.zormod, 9, 9), BulkEnd::refused);
     EXPECT_EQ(world.zormod.items.itemCount, 254);
