@@ -10,12 +10,18 @@ constexpr std::size_t longestField = 1 << 16;
 constexpr int none = -1;
 
 bool isLineEnd(int byte) { return byte == '\r' || byte == '\n'; }
-bool endsField(int byte) { return byte == none || byte == ',' || isLineEnd(byte); }
+bool endsLine(int byte) { return byte == none || isLineEnd(byte); }
+bool endsField(int byte) { return byte == ',' || endsLine(byte); }
 
 } // namespace
 
 // Every sign that is looked for is below 40h, where no byte of a two-byte character but the first can be, so bytes do.
-Bytes QuotedFields::next() {
+Bytes QuotedFields::next() { return take(endsField); }
+
+Bytes QuotedFields::nextOfLine() { return take(endsLine); }
+
+/// A field, and what stands between it and `isEnd`.
+Bytes QuotedFields::take(bool (&isEnd)(int)) {
     if (atEnd()) {
         throw RuntimeFailure{FailureKind::file};
     }
@@ -36,7 +42,7 @@ Bytes QuotedFields::next() {
         byte = take();
     }
     isCut_ = isQuoted && byte == none;
-    endField(byte);
+    passTo(isEnd, byte);
     return field;
 }
 
@@ -59,9 +65,9 @@ bool QuotedFields::atEnd() {
 /// The next byte, 0 to 255, or `none` behind the last.
 int QuotedFields::take() { return atEnd() ? none : static_cast<unsigned char>(block_[at_++]); }
 
-/// Passes over what is left of the field whose last byte has been `taken`.
-void QuotedFields::endField(int taken) {
-    while (!endsField(taken)) {
+/// Passes over what is left behind the byte that has been `taken`.
+void QuotedFields::passTo(bool (&isEnd)(int), int taken) {
+    while (!isEnd(taken)) {
         taken = take();
     }
     if (taken == '\r' && !atEnd() && block_[at_] == '\n') {

@@ -15,6 +15,9 @@ public:
     explicit QuotedFields(RandomFile& file) : file_(file) {}
     /// The bytes of the next field. None left, or a field longer than any writer makes one, is a failure.
     Bytes next();
+    /// The same, and whatever follows the field in its line is dropped with it: for files of one text a line, where a text
+    /// that holds a double quote and a comma must not come back as two.
+    Bytes nextOfLine();
     /// True if the field taken last began with a double quote that nothing closes: the file ends too early.
     bool isCut() const { return isCut_; }
     /// Passes over `count` fields; none for 0 or less.
@@ -24,7 +27,8 @@ public:
 
 private:
     int take();
-    void endField(int taken);
+    Bytes take(bool (&isEnd)(int));
+    void passTo(bool (&isEnd)(int), int taken);
 
     RandomFile& file_;
     std::int64_t from_ = 0; ///< of the block in the file

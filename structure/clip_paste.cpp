@@ -167,7 +167,7 @@ void undoPaste(ZORMOD& zormod) {
     const std::int32_t first = backup->number();
     std::int64_t rows = 0;
     for (; !backup->atEnd(); ++rows) {
-        backup->skip(1);
+        backup->skipLine();
     }
     // A backup of another table, or one that is none: a row far behind the end would leave a gap of NULs.
     if (rows > 0 && (first <= 0 || first - 1 > recordCount(zormod))) {
@@ -179,7 +179,7 @@ void undoPaste(ZORMOD& zormod) {
     changeInPlace(zormod, {.name = u"張り付け撤去中", .spans = {span}, .canStop = false}, [&](RecordChanges& run) {
         for (std::int64_t record = span.from; record <= span.to; ++record) {
             run.nextRound();
-            run.write(static_cast<std::int32_t>(record), zormod.platform.codePage.encode(backup->text()));
+            run.write(static_cast<std::int32_t>(record), zormod.platform.codePage.encode(backup->line()));
         }
     });
 }

@@ -30,8 +30,11 @@ std::unique_ptr<ClipSource> ClipSource::open(ZORMOD& zormod, TextView name) {
 
 ClipSource::~ClipSource() { closeFile(zormod_, 3); }
 
-Text ClipSource::text() {
-    const Bytes field = fields_->next();
+Text ClipSource::text() { return whole(fields_->next()); }
+
+Text ClipSource::line() { return whole(fields_->nextOfLine()); }
+
+Text ClipSource::whole(const Bytes& field) const {
     if (fields_->isCut()) {
         throw RuntimeFailure{FailureKind::file};
     }

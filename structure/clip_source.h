@@ -23,12 +23,17 @@ public:
     Text text();
     /// The next field as a number of 32 bits; one that is too large is a failure of kind overflow.
     std::int32_t number();
+    /// The text of the next line, cut at a double quote in it.
+    Text line();
+    void skipLine() { fields_->nextOfLine(); }
     void skip(std::int64_t count) { fields_->skip(count); }
     bool atEnd() { return fields_->atEnd(); }
     /// Goes back to the front.
     void rewind();
 
 private:
+    Text whole(const Bytes& field) const;
+
     explicit ClipSource(ZORMOD& zormod) : zormod_(zormod) { rewind(); }
 
     ZORMOD& zormod_;

@@ -11,9 +11,9 @@ struct Fields {
     bool isCut = false; ///< the last one begins with a double quote that nothing closes
 };
 
-/// The fields: blanks, then a quoted text with whatever follows it, or a plain one; then a comma or a line end.
-Fields fieldsOf(const std::string& file) {
-    static const std::regex field(R"re( *(?:"([^"]*)("?)[^,\r\n]*|([^,\r\n]*))(?:,|\r\n|\r|\n|$))re");
+/// The fields by a pattern of one: in the first place a quoted text, in the second the quote behind it, in the third a
+/// plain text.
+Fields fieldsOf(const std::string& file, const std::regex& field) {
     Fields fields;
     auto at = file.cbegin();
     std::smatch match;
@@ -25,10 +25,22 @@ Fields fieldsOf(const std::string& file) {
     return fields;
 }
 
+/// Blanks, then a quoted text with whatever follows it, or a plain one; then a comma or a line end.
+Fields cellsOf(const std::string& clip) {
+    static const std::regex cell(R"re( *(?:"([^"]*)("?)[^,\r\n]*|([^,\r\n]*))(?:,|\r\n|\r|\n|$))re");
+    return fieldsOf(clip, cell);
+}
+
+/// The same, one a line.
+Fields rowsOf(const std::string& backup) {
+    static const std::regex row(R"re( *(?:"([^"]*)("?)[^\r\n]*|([^\r\n]*))(?:\r\n|\r|\n|$))re");
+    return fieldsOf(backup, row);
+}
+
 } // namespace
 
 bool clipReadsBack(const std::string& clip) {
-    const Fields fields = fieldsOf(clip);
+    const Fields fields = cellsOf(clip);
     const auto number = [&](std::size_t index) -> std::size_t {
         return index < fields.texts.size() ? std::strtoul(fields.texts[index].c_str(), nullptr, 10) : 0;
     };
@@ -41,5 +53,5 @@ bool clipReadsBack(const std::string& clip) {
 
 bool backupFits(const std::string& backup, std::size_t records) {
     const long first = std::strtol(backup.c_str(), nullptr, 10);
-    return first >= 1 && static_cast<std::size_t>(first) <= records + 1 && !fieldsOf(backup).isCut;
+    return first >= 1 && static_cast<std::size_t>(first) <= records + 1 && !rowsOf(backup).isCut;
 }

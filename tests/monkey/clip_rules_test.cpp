@@ -31,5 +31,6 @@ TEST(ClipRules, ABackupFitsUpToTheRecordBehindTheLast) {
 
 TEST(ClipRules, ABackupThatIsLeftOpenDoesNotFit) {
     EXPECT_TRUE(backupFits(" 1 \r\n\"a\"b\"\r\n", 3));
-    EXPECT_FALSE(backupFits(" 1 \r\n\"a\",\"\r\n", 3));
+    EXPECT_TRUE(backupFits(" 1 \r\n\"a\",\"\r\n", 3));
+    EXPECT_FALSE(backupFits(" 1 \r\n\"a\"\r\n\"b", 3));
 }

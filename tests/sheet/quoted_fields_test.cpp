@@ -10,14 +10,16 @@ using ::testing::IsEmpty;
 
 namespace {
 
-std::vector<std::string> fieldsOf(std::string_view bytes) {
+using Reader = Bytes (QuotedFields::*)();
+
+std::vector<std::string> fieldsOf(std::string_view bytes, Reader reader = &QuotedFields::next) {
     RealFolder folder;
     folder.make("f", bytes);
     const auto file = folder.files.openRandom(u"f");
     QuotedFields fields(*file);
     std::vector<std::string> result;
     while (!fields.atEnd()) {
-        result.push_back(fields.next());
+        result.push_back((fields.*reader)());
     }
     return result;
 }
@@ -38,6 +40,11 @@ TEST(QuotedFields, AQuotedFieldKeepsBlanksCommasAndLineEnds) {
 
 TEST(QuotedFields, WhatFollowsTheSecondQuoteIsDroppedUpToTheEndOfTheField) {
     EXPECT_THAT(fieldsOf("\"ab\"cd\"\r\n\"e\"f,g\r\n"), ElementsAre("ab", "e", "g"));
+}
+
+TEST(QuotedFields, OneFieldOfALineTakesItsLineWithIt) {
+    EXPECT_THAT(fieldsOf("\"a\",\"b\"\r\n\"c\"\"d\r\n e,f\r\"g\r\nh\"", &QuotedFields::nextOfLine),
+                ElementsAre("a", "c", "e", "g\r\nh"));
 }
 
 TEST(QuotedFields, AQuoteInsideAPlainFieldIsPartOfIt) {

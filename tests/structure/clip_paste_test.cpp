@@ -354,6 +354,21 @@ TEST(ClipPaste, ADoubleQuoteCutsTheRowThatIsTakenBack) {
     EXPECT_EQ(world.onDisk()[1].substr(0, 5), "2   y");
 }
 
+TEST(ClipPaste, ADoubleQuoteAndACommaInARowThatIsTakenBackSpareTheOtherRows) {
+    for (const TextView name : {u"a\",b", u"a\",\"b", u"a\"\"b", u"a\",\""}) {
+        RecordWorld world;
+        world.table({{u"ID", u"L", 4}, {u"氏名", u"L", 8}}, {{u"1", name}, {u"2", u"y"}, {u"3", u"z"}});
+        world.writeFile("ZORCLip", clipOf(2, 1, {"p", "q"}));
+        world.stand(1, 0);
+        pasteOver(world.zormod);
+        world.dialogs.answers = {Answer::ok};
+        undoPaste(world.zormod);
+        EXPECT_EQ(world.onDisk()[0], ended("1   a")) << utf8(name);
+        EXPECT_EQ(world.onDisk()[1].substr(0, 5), "2   y");
+        EXPECT_EQ(world.onDisk()[2].substr(0, 5), "3   z");
+    }
+}
+
 TEST(ClipPaste, AStopPutsTheRowsBackWithoutAQuestion) {
     for (int turn = 1; turn <= 5; ++turn) {
         RecordWorld world;
