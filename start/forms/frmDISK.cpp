@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <functional>
+
 frmDISK::frmDISK(const FormContext& context, QWidget* parent)
     : SpokenDialog(context, {.description = [this] { return choice_.description(); }}, parent), context_(context),
       choice_(context.zormod), Label2(new QLabel(this)) {
@@ -54,7 +56,7 @@ KeyButton* frmDISK::addButton(QAnyStringView name, const QString& caption, void 
 
 /// Runs a routine and shows what has become of the choice, also where the routine failed.
 void frmDISK::run(void (FileChoice::*routine)()) {
-    context_.guard.run([this, routine] { (choice_.*routine)(); });
+    context_.guard.run([this, routine] { std::invoke(routine, choice_); });
     refresh();
 }
 

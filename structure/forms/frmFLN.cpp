@@ -12,6 +12,8 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 
+#include <functional>
+
 frmFLN::frmFLN(const FormContext& context, WidthChange& change, QWidget* owner)
     : SpokenDialog(context,
                    {.description = [&change] { return change.description(); },
@@ -52,7 +54,7 @@ KeyButton* frmFLN::addButton(TextView caption, QAnyStringView name, void (WidthC
     auto* button = new KeyButton(toQt(caption), context());
     spoken().add(*button, name);
     button->onClick([this, act] {
-        (change_.*act)();
+        std::invoke(act, change_);
         if (isVisible()) {
             spoken().giveFocus(*box_);
         }
