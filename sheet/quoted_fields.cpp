@@ -16,12 +16,12 @@ bool endsField(int byte) { return byte == ',' || endsLine(byte); }
 } // namespace
 
 // Every sign that is looked for is below 40h, where no byte of a two-byte character but the first can be, so bytes do.
-Bytes QuotedFields::next() { return take(endsField); }
+Bytes QuotedFields::next() { return fieldUpTo(endsField); }
 
-Bytes QuotedFields::nextOfLine() { return take(endsLine); }
+Bytes QuotedFields::nextOfLine() { return fieldUpTo(endsLine); }
 
-/// A field, and what stands between it and `isEnd`.
-Bytes QuotedFields::take(bool (&isEnd)(int)) {
+/// A field; what stands between it and a byte that is an end is dropped.
+Bytes QuotedFields::fieldUpTo(bool (&isEnd)(int)) {
     if (atEnd()) {
         throw RuntimeFailure{FailureKind::file};
     }

@@ -27,7 +27,7 @@ public:
 
 private:
     int take();
-    Bytes take(bool (&isEnd)(int));
+    Bytes fieldUpTo(bool (&isEnd)(int));
     void passTo(bool (&isEnd)(int), int taken);
 
     RandomFile& file_;
