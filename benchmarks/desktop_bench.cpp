@@ -30,11 +30,6 @@ namespace {
 constexpr int measuredKeys = 200;
 constexpr auto keyDistance = std::chrono::milliseconds(250);
 
-[[noreturn]] void giveUp(const char* what) {
-    std::fprintf(stderr, "desktop_bench: %s\n", what);
-    std::exit(2);
-}
-
 /// A client that presses keys and is told whenever the clipboard gets a new text.
 class Watcher {
 public:

@@ -132,6 +132,7 @@ void FakeForms::open(TextView name) {
 void FakeEventLoop::yield() {
     const auto action = atTurn.find(++turns);
     if (action != atTurn.end()) {
-        action->second();
+        const std::function<void()> work = action->second; // it may set other work
+        work();
     }
 }
