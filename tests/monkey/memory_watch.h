@@ -23,7 +23,7 @@ public:
     std::optional<std::string> look() {
         constexpr int tablesToWarmUp = 8;
 #ifdef __SANITIZE_ADDRESS__
-        constexpr long allowed = 512L << 20; // the sanitizer keeps freed memory back for a while
+        constexpr long allowed = 8L << 30; // the sanitizer keeps freed memory back, and notes on each place that asked
 #else
         constexpr long allowed = 48L << 20;
 #endif
