@@ -60,15 +60,11 @@ std::vector<QList<QAction*>> inRows(const QMenuBar& first, const QList<QAction*>
 } // namespace
 
 MenuRows::MenuRows(QMenuBar& first, MenuVoice& voice, QWidget* parent)
-    : QWidget(parent), voice_(voice), layout_(new QVBoxLayout(this)), rows_{&first} {
+    : QWidget(parent), voice_(voice), layout_(new QVBoxLayout(this)), rows_{&first},
+      focusWatch_([this](QWidget* from, QWidget* to) { focusMoved(from, to); }) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(0);
     first.installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
-        if (isRow(to) && !isRow(from)) {
-            focus_ = from;
-        }
-    });
     hide();
 }
 
@@ -79,6 +75,12 @@ bool MenuRows::eventFilter(QObject* watched, QEvent* event) {
         return goesOver(static_cast<QMenuBar&>(*watched), static_cast<QKeyEvent&>(*event).key());
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void MenuRows::focusMoved(QWidget* from, QWidget* to) {
+    if (isRow(to) && !isRow(from)) {
+        focus_ = from;
+    }
 }
 
 bool MenuRows::isRow(const QWidget* widget) const {

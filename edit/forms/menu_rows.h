@@ -4,6 +4,7 @@
 // one. Made by Form1, above its panel; it takes no room while the first row has place for all.
 
 #include "edit/forms/menu_voice.h"
+#include "platform/qt/focus_watch.h"
 
 #include <QWidget>
 
@@ -26,10 +27,12 @@ private:
     void arrange();
     QMenuBar& row(std::size_t number);
     bool goesOver(QMenuBar& from, int key);
+    void focusMoved(QWidget* from, QWidget* to);
     bool isRow(const QWidget* widget) const;
 
     MenuVoice& voice_;
     QVBoxLayout* layout_;
     std::vector<QMenuBar*> rows_;
     QPointer<QWidget> focus_; ///< where the keyboard was before it went to the menus
+    FocusWatch focusWatch_;
 };

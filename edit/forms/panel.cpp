@@ -37,7 +37,8 @@ int labelBytes(PanelField field) {
 } // namespace
 
 Panel::Panel(const FormContext& context, QWidget* parent)
-    : QScrollArea(parent), context_(context), content_(new QWidget), lblSpeek(nullptr) {
+    : QScrollArea(parent), context_(context), content_(new QWidget), lblSpeek(nullptr),
+      focusWatch_([this](QWidget*, QWidget* now) { keepInView(now); }) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
@@ -67,7 +68,6 @@ Panel::Panel(const FormContext& context, QWidget* parent)
     for (std::size_t i = 1; i < boxOrder().size(); ++i) {
         QWidget::setTabOrder(box(boxOrder()[i - 1]), box(boxOrder()[i]));
     }
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepInView(now); });
     fitBoxes();
 }
 

@@ -4,6 +4,7 @@
 // only lays out and shows; what the boxes do is bound in panel_binding.
 
 #include "platform/qt/form_context.h"
+#include "platform/qt/focus_watch.h"
 #include "platform/screen.h"
 
 #include <QScrollArea>
@@ -64,4 +65,5 @@ private:
     QLabel* lblSpeek;
     int inputBytes_ = 20;
     int askedHeight_ = 0; ///< the height that the window has been asked for
+    FocusWatch focusWatch_;
 };

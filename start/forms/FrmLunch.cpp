@@ -12,7 +12,6 @@
 #include "start/start_screen.h"
 #include "voice/speech_channel.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -36,7 +35,7 @@ constexpr auto pictureStyle = "QPushButton { background-color: #c0c0c0; color: b
 FrmLunch::FrmLunch(const FormContext& context, QWidget* parent)
     : QMainWindow(parent), context_(context),
       spoken_(new SpokenForm(*this, context, {.description = guidanceText, .opening = [] { return Text(); }})),
-      Timer1(new QTimer(this)) {
+      Timer1(new QTimer(this)), focusWatch_([this](QWidget*, QWidget*) { showHints(); }) {
     setObjectName(u"FrmLunch");
     setWindowTitle(toQt(startScreenCaption));
     auto* body = new QWidget(this);
@@ -52,13 +51,11 @@ FrmLunch::FrmLunch(const FormContext& context, QWidget* parent)
     Timer1->setObjectName(u"Timer1");
     Timer1->setInterval(guidanceDelay);
     connect(Timer1, &QTimer::timeout, this, context.guard.wrap([this] { sayGuidance(); }));
-    connect(qApp, &QApplication::focusChanged, this, &FrmLunch::showHints);
     findChild<QWidget*>(QStringLiteral("Command1"))->setFocus();
 }
 
 // The focus leaves the controls as they are destroyed, and their rules must not run any more.
 FrmLunch::~FrmLunch() {
-    disconnect(qApp, nullptr, this, nullptr);
     delete spoken_;
 }
 

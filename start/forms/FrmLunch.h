@@ -2,6 +2,7 @@
 // The start screen: the first form of a run without a file. It shows the buttons and pictures and says its guidance;
 // each of them runs the command of its menu entry. main opens it by name, and what leads into a table closes it.
 
+#include "platform/qt/focus_watch.h"
 #include "voice/forms/SpokenForm.h"
 
 #include <QMainWindow>
@@ -46,4 +47,5 @@ private:
     QCheckBox* Check2 = nullptr;
     QTimer* Timer1;
     std::vector<Hint> hints_;
+    FocusWatch focusWatch_;
 };

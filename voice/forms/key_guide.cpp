@@ -28,7 +28,8 @@ QLabel* plainLabel(TextView text) {
 
 KeyGuideForm::KeyGuideForm(const FormContext& context, const KeyGuide& guide, QWidget* owner)
     : SpokenDialog(context, {.description = [title = Text(guide.title)] { return title; }, .captionFirst = false},
-                   owner) {
+                   owner),
+      scroll_(new QScrollArea), focusWatch_([this](QWidget*, QWidget* to) { keepInView(to); }) {
     setObjectName(toQt(guide.form));
     setWindowTitle(toQt(guide.title));
     auto* keys = new QWidget;
@@ -37,20 +38,13 @@ KeyGuideForm::KeyGuideForm(const FormContext& context, const KeyGuide& guide, QW
     for (int row = 0; const GuideKey& key : guide.keys) {
         addKey(*grid, row++, key);
     }
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(keys);
-    // The Tab key scrolls only while it stays inside the list; it comes round to the first key from below it.
-    connect(qApp, &QApplication::focusChanged, scroll, [scroll](QWidget*, QWidget* to) {
-        if (to != nullptr && scroll->widget()->isAncestorOf(to)) {
-            scroll->ensureWidgetVisible(to);
-        }
-    });
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(keys);
     auto* back = new KeyButton(toQt(guideBackCaption), context);
     auto* unload = new KeyButton(toQt(guide.unloadCaption), context);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(scroll);
+    layout->addWidget(scroll_);
     layout->addWidget(back);
     layout->addWidget(unload);
 
@@ -70,6 +64,13 @@ KeyGuideForm::KeyGuideForm(const FormContext& context, const KeyGuide& guide, QW
         return KeyOutcome::goesOn;
     });
     resize(QSize(820, 640).boundedTo(screen()->availableSize()));
+}
+
+// The Tab key scrolls only while it stays inside the list; it comes round to the first key from below it.
+void KeyGuideForm::keepInView(QWidget* control) {
+    if (control != nullptr && scroll_->widget() != nullptr && scroll_->widget()->isAncestorOf(control)) {
+        scroll_->ensureWidgetVisible(control);
+    }
 }
 
 void KeyGuideForm::addKey(QGridLayout& grid, int row, const GuideKey& key) {

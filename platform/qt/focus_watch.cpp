@@ -1,0 +1,10 @@
+#include "platform/qt/focus_watch.h"
+
+#include <QApplication>
+
+FocusWatch::FocusWatch(Rule rule)
+    : connection_(QObject::connect(qApp, &QApplication::focusChanged, std::move(rule))) {}
+
+FocusWatch::~FocusWatch() {
+    QObject::disconnect(connection_);
+}
