@@ -18,6 +18,7 @@
 #include "platform/qt/guard.h"
 #include "platform/qt/held_keys.h"
 #include "platform/qt/keeper_clipboard.h"
+#include "platform/qt/keys_ahead.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/romika_application.h"
 #include "platform/qt/turn_giver.h"
@@ -69,7 +70,9 @@ int main(int argc, char** argv) {
     guard.setCleanup([&](const RuntimeFailure& failure) { putStateRight(zormod, failure); });
     application.setGuard(&guard);
     eventLoop.setGuard(guard);
-    HeldKeys heldKeys(isKeyUp);
+    KeysAhead keysAhead(eventLoop, beeper);
+    HeldKeys heldKeys([&](quint32 scanCode) { return isKeyUp(scanCode) && !keysAhead.isReleaseWaiting(scanCode); });
+    keysAhead.watch();
     ModalRunner modals(guard, heldKeys);
     const FormContext context{zormod, guard, heldKeys, modals};
     dialogs.setContext(context);

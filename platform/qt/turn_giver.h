@@ -14,8 +14,11 @@ public:
     void setGuard(EventGuard& guard) { guard_ = &guard; }
 
     void yield() override;
+    /// True in an event that no loop over records waits for: what it starts doesn't run in the middle of such a loop.
+    bool isAtRest() const;
 
 private:
     EventGuard* guard_ = nullptr;
+    int yieldingLevel_ = 0; ///< the event loop in whose handler the turn is being given; 0: nobody gives it
     TurnClock clock_;
 };
