@@ -103,12 +103,9 @@ Bytes BulkFiles::newItems() const {
 
 bool BulkFiles::swap() {
     if (job_.items == BulkItems::other) {
-        // A K file that can't be written closes file 2, which must outlive this.
-        auto out = std::move(zormod_.files.byNumber[2]);
         writeWorkItemFile(zormod_, zormod_.otherItems.itemCount);
-        zormod_.files.byNumber[2] = std::move(out);
         if (!zormod_.writeFlag.empty()) {
-            return false;
+            return false; // and file 2 is closed: out_ is gone
         }
     }
     out_->finish();

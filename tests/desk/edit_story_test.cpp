@@ -87,6 +87,24 @@ TEST(EditStory, TakingBackTypedTextEndsWithItsCell) {
     EXPECT_EQ(story.file(), record(yamada) + record(suzuki));
 }
 
+TEST(EditStory, TakingBackTypedTextEndsWithItsTable) {
+    Story story(2);
+    const auto goToMemo = [&] {
+        for (int tabs = 0; story.focus() != "RichTextBox2" && tabs < 10; ++tabs) {
+            story.key(plainKey(Key::tab));
+        }
+    };
+    goToMemo();
+    story.keys.type(u"x");
+    story.key(plainKey(Key::backspace));
+    story.openTable({{u"ID", u"L", 4}}, {{u"9"}});
+    ASSERT_EQ(story.text("RichTextBox2"), "memo") << "both tables have this one";
+    goToMemo();
+    ASSERT_EQ(story.focus(), "RichTextBox2");
+    story.key(ctrlKey(Key::z));
+    EXPECT_EQ(story.text("RichTextBox2"), "memo");
+}
+
 TEST(EditStory, ComposedTextIsNeitherHeardNorMeasuredUntilItIsCommitted) {
     Story story(2);
     story.key(plainKey(Key::right));

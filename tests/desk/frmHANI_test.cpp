@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 
 #include <gmock/gmock.h>
 
@@ -391,6 +392,16 @@ TEST(frmHANI, TheKeyBoxTakesNoInputMethodAndTypesNothing) {
     EXPECT_FALSE(desk.control(u"Text5")->testAttribute(Qt::WA_InputMethodEnabled));
     desk.keys.type(u"ab");
     EXPECT_EQ(desk.field("Text5"), "");
+}
+
+TEST(frmHANI, WhatAMousePastesIntoTheKeyBoxGoesWithTheNextKey) {
+    RangeDesk desk;
+    desk.key(shiftKey(Key::down));
+    auto* box = static_cast<QLineEdit*>(desk.control(u"Text5"));
+    box->insert(QStringLiteral("pasted"));
+    desk.key(plainKey(Key::right));
+    EXPECT_EQ(box->text(), QString());
+    EXPECT_EQ(desk.focus(), "Text5");
 }
 
 TEST(frmHANI, ShiftRightInABoxWithTextSelectsText) {
