@@ -13,6 +13,8 @@
 #include "structure/range_questions.h"
 #include "structure/record_operations.h"
 #include "transform/width_conversion.h"
+#include "voice/announcement.h"
+#include "voice/speech_channel.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -113,6 +115,12 @@ void bindRecordCommands(CommandTable& commands, EditScreen& edit) {
     bind(insertRangeRecordsCommand, insertRangeRecords);
     bind(u"mnuKILLREC1", mnuKILLREC1);
     bind(u"menuRKILL", menuRKILL);
-    bind(shiftCellsRightCommand, [](EditScreen& screen) { shiftCells(screen, shiftCellsRight); });
-    bind(shiftCellsLeftCommand, [](EditScreen& screen) { shiftCells(screen, shiftCellsLeft); });
+    bind(shiftCellsRightCommand, [](EditScreen& screen) {
+        shiftCells(screen, shiftCellsRight);
+        sayText(screen.zormod, u"ﾃﾞｰﾀｶﾞｲﾁｺｳﾓｸﾐｷﾞｼﾌﾄｼﾏｼﾀ"); // whatever was said just before
+    });
+    bind(shiftCellsLeftCommand, [](EditScreen& screen) {
+        shiftCells(screen, shiftCellsLeft);
+        talkS(screen.zormod, u"ﾃﾞｰﾀｶﾞｲﾁｺｳﾓｸﾋﾀﾞﾘｼﾌﾄｼﾏｼﾀ");
+    });
 }

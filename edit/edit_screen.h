@@ -6,6 +6,8 @@
 #include "sheet/zormod.h"
 #include "voice/watched_text.h"
 
+#include <optional>
+
 /// Whether the cell reading has just been said, so that the input box's focus need not speak again.
 enum class ReadingState {
     none = 0,        ///< the focus of the input box says its own name
@@ -29,6 +31,7 @@ struct EditScreen {
     Text Text1;        ///< number of items
     Text RichTextBox1; ///< name of the current item
     Text RichTextBox2; ///< table memo as the box shows it
+    std::optional<Text> typedMemo; ///< what was typed in the memo box and isn't in the item definition file yet
     Text Label8;       ///< input limit
     Text Label11;      ///< items to input
     Text Label13;      ///< ID of the current record

@@ -152,7 +152,8 @@ KeyOutcome InputBox::keyDown(const KeyStroke& stroke) {
 KeyOutcome InputBox::escape() {
     ZORMOD& zormod = edit_.zormod;
     if (!boxIsEmpty(edit_)) {
-        clearInputBox(edit_);
+        setBoxText(edit_, PanelField::txtinputbox, {}); // heard as any change of the box
+        showCellInEcho(edit_);
         return KeyOutcome::taken;
     }
     if (hasTable(zormod)) {
@@ -229,6 +230,7 @@ void InputBox::mnuCTRLD() {
     edit_.undoCell = trimmed(getCell(zormod, item));
     commitCell(zormod, Text(static_cast<std::size_t>(zormod.items.itemWidth[item]), u' '));
     nextItem(edit_);
+    clearInputBox(edit_); // at the end of the file the step leaves it as it was
 }
 
 void InputBox::mnuCTRLU() {
@@ -236,9 +238,6 @@ void InputBox::mnuCTRLU() {
     if (beepsWithoutTable(zormod)) {
         return;
     }
-    {
-        const SilentScope silent(zormod);
-        setBoxText(edit_, PanelField::txtinputbox, trimmed(getCell(zormod, zormod.position.curItem)));
-    }
+    setBoxText(edit_, PanelField::txtinputbox, trimmed(getCell(zormod, zormod.position.curItem)));
     giveInputBoxFocus(edit_);
 }

@@ -1,6 +1,7 @@
 #include "edit/movement.h"
 
 #include "edit/status_update.h"
+#include "edit/table_memo.h"
 #include "platform/beeper.h"
 #include "platform/number_text.h"
 #include "sheet/cell.h"
@@ -179,6 +180,7 @@ bool boxIsEmpty(const EditScreen& edit) {
 }
 
 bool commitTypedText(EditScreen& edit) {
+    keepTypedMemo(edit);
     if (boxIsEmpty(edit)) {
         return false;
     }

@@ -7,7 +7,6 @@
 #include "platform/beeper.h"
 #include "platform/commands.h"
 #include "platform/number_text.h"
-#include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "transform/width_conversion.h"
 #include "voice/announcement.h"
@@ -93,6 +92,8 @@ void sideBoxTyped(EditScreen& edit, PanelField field, const Text& text) {
         edit.txtWIDTH = text;
     } else if (field == PanelField::txtLR) {
         edit.txtLR = text;
+    } else if (field == PanelField::RichTextBox2 && hasTable(edit.zormod)) {
+        edit.typedMemo = text;
     }
 }
 
@@ -137,18 +138,5 @@ void sideBoxKeyUp(EditScreen& edit, PanelField field, const KeyStroke& stroke, c
     }
     if (field == PanelField::txtItemnum) {
         sayThrottled(edit.zormod, Text(box.text) += commaPause);
-    }
-}
-
-void memoLeft(EditScreen& edit, const Text& text) {
-    ZORMOD& zormod = edit.zormod;
-    if (!hasTable(zormod) || zormod.file.tableMemo == text) {
-        return;
-    }
-    const Text old = std::exchange(zormod.file.tableMemo, text);
-    edit.RichTextBox2 = text;
-    writeItemFile(zormod, zormod.file.fileName, zormod.file.fileDrive);
-    if (!zormod.writeFlag.empty()) {
-        zormod.file.tableMemo = old; // so that leaving the box again writes it
     }
 }

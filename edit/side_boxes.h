@@ -24,6 +24,3 @@ KeyOutcome sideBoxKeyDown(EditScreen& edit, PanelField field, const KeyStroke& s
 KeyOutcome sideBoxKeyPress(EditScreen& edit, PanelField field, char16_t character);
 /// A key was let go in a side box: its readings. `lastSelLength` is the form's memory for that box.
 void sideBoxKeyUp(EditScreen& edit, PanelField field, const KeyStroke& stroke, const BoxView& box, int& lastSelLength);
-
-/// The memo box lost the focus with this text: a memo that differs is kept and the item definition file written.
-void memoLeft(EditScreen& edit, const Text& text);

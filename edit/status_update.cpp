@@ -111,6 +111,9 @@ void showWithBoxText(EditScreen& edit, const Text& boxText) {
     ZORMOD& zormod = edit.zormod;
     if (hasTable(zormod)) {
         updateStatus(edit, zormod.position.curRecord, zormod.position.curItem, boxText);
+        if (boxText.empty()) {
+            showCellInEcho(edit);
+        }
         zormod.platform.screen.redrawView();
     }
 }
@@ -138,7 +141,7 @@ void updateStatus(EditScreen& edit, std::int32_t record, std::int16_t item, cons
         setBoxText(edit, PanelField::txtinputbox, boxText);
     }
     zormod.platform.screen.setInputBoxWidth(items.itemWidth[item]);
-    setPanelText(edit, PanelField::RichTextBox2, zormod.file.tableMemo);
+    setPanelText(edit, PanelField::RichTextBox2, edit.typedMemo.value_or(zormod.file.tableMemo));
     setPanelText(edit, PanelField::Label11, itemsToInput(zormod));
 }
 
@@ -158,14 +161,19 @@ void showCurrentCellAtRest(EditScreen& edit) {
 
 void showOpenedTable(EditScreen& edit) {
     ZORMOD& zormod = edit.zormod;
-    const SilentScope silent(zormod);
     edit.readingState = ReadingState::none;
-    showCurrentCellAtRest(edit);
+    edit.typedMemo.reset(); // of another table
+    {
+        const SilentScope silent(zormod);
+        showCurrentCell(edit);
+        clearInputBox(edit);
+    }
     // Shown once more even if the last table had the same, or its Ctrl+Z would bring back what was typed there.
     zormod.platform.screen.showField(PanelField::RichTextBox2, zormod.file.tableMemo);
     setPanelText(edit, PanelField::Label11, allItemsLabel(zormod));
     const std::int16_t limit = zormod.input.inputLimit;
     setPanelText(edit, PanelField::Label8, limit != 0 ? u"制限字数:" + plainNumber(limit) : u"字数制限:項目幅");
+    giveInputBoxFocus(edit); // the one thing that is heard when a table takes another's place
 }
 
 Text allItemsLabel(const ZORMOD& zormod) {
@@ -196,6 +204,10 @@ void setBoxText(EditScreen& edit, PanelField field, TextView text) {
 void clearInputBox(EditScreen& edit) {
     const SilentScope silent(edit.zormod);
     setBoxText(edit, PanelField::txtinputbox, {});
+    showCellInEcho(edit);
+}
+
+void showCellInEcho(const EditScreen& edit) {
     if (hasTable(edit.zormod)) {
         edit.zormod.platform.screen.showCellInEcho();
     }

@@ -44,6 +44,9 @@ void setPanelText(EditScreen& edit, PanelField field, const Text& text);
 /// The program sets txtREC, txtItemnum or txtinputbox: a real difference runs the change rule and is shown.
 void setBoxText(EditScreen& edit, PanelField field, TextView text);
 
+/// The echo shows the stored cell, not what is typed; nothing without a table.
+void showCellInEcho(const EditScreen& edit);
+
 /// Empties the input box with speech held off; the echo shows the stored cell again.
 void clearInputBox(EditScreen& edit);
 

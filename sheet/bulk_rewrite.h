@@ -4,8 +4,8 @@
 // calls bulkRewrite with its own loop; form, percent, stop, failure, swap and what comes after are the same for all.
 //
 // The table stays as it was until the last record is written. Killed at any moment it is, at the next opening, the old
-// pair of data file and K file or the new one. A run that fails leaves its work file behind; it is deleted at the next
-// opening of a table on that drive or before the next run.
+// pair of data file and K file or the new one. A run that fails takes its work file away; what a killed one has
+// left goes at the next opening of a table on that drive or before the next run.
 
 #include "sheet/progress_rounds.h"
 

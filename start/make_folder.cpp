@@ -18,6 +18,9 @@ bool makeFolder(ZORMOD& zormod, const Text& folder) {
         return false;
     }
     zormod.platform.files.makeFolder(pathInFolder(folder, name));
+    if (zormod.speech.speechMode != 0) {
+        waitSeconds(zormod, zormod.speech.inhibitSeconds); // what was typed last must not take its place
+    }
     talkS(zormod, u"フォルダ作成作成されました");
     if (zormod.speech.speechMode != 0) {
         waitSeconds(zormod, confirmationSeconds);

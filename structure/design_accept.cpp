@@ -7,7 +7,9 @@
 #include "platform/screen.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/selection.h"
 #include "sheet/swap_record.h"
+#include "start/make_folder.h"
 #include "start/table_opening.h"
 #include "structure/design_checks.h"
 #include "structure/design_reference.h"
@@ -15,6 +17,7 @@
 #include "structure/design_typing.h"
 #include "structure/record_rewrite.h"
 #include "voice/announcement.h"
+#include "voice/program_end.h"
 #include "voice/speech_channel.h"
 
 #include <algorithm>
@@ -54,9 +57,17 @@ Target targetOf(const TableDesign& design) {
     return {design.text3.substr(0, colon), design.text3.substr(colon + 1)};
 }
 
+/// The path by which two spellings of a name are compared: a name without a folder lies in the current one.
+Text comparablePath(ZORMOD& zormod, const Text& drive, const Text& name) {
+    const Text current = zormod.platform.files.currentFolder();
+    const bool isBare = !name.starts_with(u'\\') && lowerCase(drive) == lowerCase(TextView(current).substr(0, 1));
+    return lowerCase(isBare ? pathInFolder(current, name) : fullPath(drive, name));
+}
+
 bool isOpenTable(const TableDesign& design, const Target& target) {
     const FileIdentity& file = design.before.file;
-    return design.before.hadTable && lowerCase(fullPath(file.fileDrive, file.fileName)) == lowerCase(target.path());
+    return design.before.hadTable && comparablePath(design.zormod, file.fileDrive, file.fileName) ==
+                                         comparablePath(design.zormod, target.drive, target.name);
 }
 
 /// True if records of the open table would be cut differently from now on.
@@ -80,7 +91,7 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
     recoverTable(zormod, target.name, target.drive);
     zormod.file.fileDrive = target.drive;
     zormod.file.fileName = target.name;
-    zormod.items = itemsOf(design.rows);
+    zormod.items = itemsOf(design.rows, design.before.items);
     zormod.file.tableMemo = trimmed(design.text2);
     writeItemFile(zormod, target.name, target.drive);
     if (zormod.writeFlag == u"er") {
@@ -90,6 +101,19 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
     return true;
 }
 
+/// What was chosen among the old items: a range may end where there is no item any more, and Enter must find one to go to.
+void leaveOldItems(ZORMOD& zormod) {
+    giveUpSelection(zormod);
+    const auto& marks = zormod.items.itemInputMark;
+    bool isAnyChosen = false;
+    for (std::int16_t item = 0; item <= zormod.items.itemCount; ++item) {
+        isAnyChosen = isAnyChosen || marks[item] == 1;
+    }
+    if (!isAnyChosen) {
+        zormod.input.allItemsInput = 1;
+    }
+}
+
 /// The open table goes on under its changed design.
 void goOnWithTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
@@ -97,6 +121,7 @@ void goOnWithTable(TableDesign& design) {
         throw RuntimeFailure{.kind = FailureKind::file, .isTold = true}; // the refusal has told the user
     }
     computeItemStart(zormod.items);
+    leaveOldItems(zormod);
     const Position& before = design.before.position;
     Position& position = zormod.position;
     position.curItem = before.curItem > zormod.items.itemCount ? std::int16_t{0} : before.curItem;
@@ -110,6 +135,7 @@ void goOnWithTable(TableDesign& design) {
 
 void startTable(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
+    giveUpSelection(zormod);
     fillFirstWindow(zormod);
     updateTitle(zormod);
     zormod.platform.commands.run(showOpenedTableCommand);
@@ -137,8 +163,7 @@ DesignOutcome askForEnd(ZORMOD& zormod) {
     if (zormod.platform.dialogs.askYesNoCancel(u"確認", u"ロミカを終了しますか？") != Answer::yes) {
         return DesignOutcome::stays;
     }
-    sayFarewell(zormod);
-    throw ProgramEnd{EndKind::farewellOnly};
+    farewellEnd(zormod);
 }
 
 } // namespace

@@ -43,7 +43,7 @@ Bytes rewrittenRecord(const CodePage& codePage, BytesView record, const ItemTabl
     return endedRecord(row);
 }
 
-ItemTable itemsOf(const std::vector<DesignRow>& rows) {
+ItemTable itemsOf(const std::vector<DesignRow>& rows, const ItemTable& old) {
     ItemTable items;
     items.itemCount = static_cast<std::int16_t>(rows.size() - 1);
     for (std::int16_t item = 0; item <= items.itemCount; ++item) {
@@ -52,6 +52,7 @@ ItemTable itemsOf(const std::vector<DesignRow>& rows) {
         items.itemAlign[item] = row.align;
         items.itemWidth[item] = designWidth(row);
         items.itemWidthAsRead[item] = designWidth(row);
+        items.itemInputMark[item] = old.itemInputMark[item];
     }
     computeItemStart(items);
     return items;

@@ -16,5 +16,5 @@ bool cutsDiffer(const ItemTable& old, const std::vector<DesignRow>& rows);
 /// stood behind the old items. `old` has its `itemStart`; `made` are the new items.
 Bytes rewrittenRecord(const CodePage& codePage, BytesView record, const ItemTable& old, const ItemTable& made);
 
-/// The items of an accepted grid, `itemStart` computed.
-ItemTable itemsOf(const std::vector<DesignRow>& rows);
+/// The items of an accepted grid, `itemStart` computed. The items that take input are those of the same numbers in `old`.
+ItemTable itemsOf(const std::vector<DesignRow>& rows, const ItemTable& old);

@@ -5,7 +5,7 @@
 
 bool rewriteRecords(TableDesign& design) {
     ZORMOD& zormod = design.zormod;
-    zormod.items = itemsOf(design.rows);
+    zormod.items = itemsOf(design.rows, design.before.items);
     zormod.file.tableMemo = trimmed(design.text2);
     const BulkJob job{.items = BulkItems::own, .road = BulkRoad::inPlace, .canStop = false};
     return bulkRewrite(zormod, job, [&](BulkRun& run) {

@@ -114,7 +114,7 @@ void readBoxKeys(ZORMOD& zormod, const KeyStroke& stroke, const BoxView& box, Te
             readSelection(zormod, box, stroke.key, lastSelLength);
         }
     } else if (stroke == shiftKey(Key::pageDown) || stroke == ctrlShiftKey(Key::s)) {
-        talkS(zormod, SpokenControl{.text = box.text}, label);
+        sayThrottled(zormod, (box.text + Text(commaPause)).append(label));
     } else if (stroke == plainKey(Key::f12)) {
         readCaretPosition(zormod, box);
     } else if (stroke == plainKey(Key::left) || stroke == plainKey(Key::right)) {

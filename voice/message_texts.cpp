@@ -24,6 +24,10 @@ Text yesNoKeyHint(TextView message) {
     return Text(message).append(u"。はい､わＹ、いいえ、わＮ、ｷｬﾝｾﾙ　わ　esc　を　叩きます");
 }
 
+Text answerReading(TextView message, TextView focusText) {
+    return Text(message).append(commaPause).append(focusText);
+}
+
 Text yesButtonFocus() {
     return Text(u"[はい](Y)").append(buttonWord);
 }

@@ -7,6 +7,8 @@
 Text okOpeningText(TextView message);
 Text okDescription(TextView title, TextView message);
 Text okButtonReading(TextView message, TextView caption);
+/// The reading keys on a button of the questions: the question, then what the focus on the button says.
+Text answerReading(TextView message, TextView focusText);
 
 /// frmCMSG: on opening and with Ctrl+Shift+A, and on a key that is no answer.
 Text yesNoOpeningText(TextView message);

@@ -1,5 +1,7 @@
 #include "voice/program_end.h"
 
+#include "platform/dialogs.h"
+#include "platform/failure.h"
 #include "sheet/record_file.h"
 #include "voice/reading_mode.h"
 #include "voice/speech_channel.h"
@@ -10,7 +12,12 @@ void orderlyEnd(ZORMOD& zormod) {
         sayFarewell(zormod);
     }
     closeAllFiles(zormod);
-    writeZorTalk(zormod);
+    try {
+        writeZorTalk(zormod);
+    } catch (const RuntimeFailure& failure) {
+        // Who wants to leave must be able to; the mode of next time is all that is lost.
+        zormod.platform.dialogs.showMessage(Text(failureText(failure.kind)), Text(failureTitle));
+    }
     throw ProgramEnd{EndKind::orderly};
 }
 

@@ -88,6 +88,13 @@ View& Form1::viewInForce() {
 void Form1::switchView(int viewMode) {
     dropRange(context_.zormod);
     context_.zormod.display.viewMode = static_cast<std::int16_t>(viewMode);
+    // What is typed follows into the other view.
+    const Text typed = edit_.txtinputbox.text();
+    if (typed.empty()) {
+        viewInForce().showCellInEcho();
+    } else {
+        viewInForce().showEcho(typed);
+    }
     redrawView();
     giveInputBoxFocus(edit_);
 }

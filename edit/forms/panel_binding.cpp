@@ -4,6 +4,7 @@
 #include "edit/forms/panel.h"
 #include "edit/side_boxes.h"
 #include "edit/status_update.h"
+#include "edit/table_memo.h"
 #include "platform/flag_scope.h"
 #include "platform/qt/key_line_edit.h"
 
@@ -35,7 +36,7 @@ PanelBinding::PanelBinding(Panel& panel, SpokenForm& form, EditScreen& edit, Inp
     }
     form_.voiceOf(*panel_.box(PanelField::RichTextBox2)).onLeave = [this] {
         sideBoxLostFocus(edit_, PanelField::RichTextBox2);
-        memoLeft(edit_, panel_.box(PanelField::RichTextBox2)->view().text);
+        keepTypedMemo(edit_);
     };
 }
 

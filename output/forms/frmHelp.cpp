@@ -106,5 +106,5 @@ void frmHelp::closeEvent(QCloseEvent* event) {
 }
 
 void addTextViewer(FormTable& forms, const FormContext& context, TextViewer& viewer) {
-    forms.addModeless(u"frmHelp", [&context, &viewer](QWidget* owner) { return new frmHelp(context, viewer, owner); });
+    forms.addModeless(u"frmHelp", [&context, &viewer](QWidget* owner) { return new frmHelp(context, viewer, owner); }, true);
 }

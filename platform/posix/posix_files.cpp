@@ -28,10 +28,17 @@ bool isLong(const std::string& path) {
 } // namespace
 
 bool PosixFiles::exists(const Text& path) {
-    if (statusOf(paths_.native(path))) {
+    std::string native;
+    try {
+        native = paths_.native(path);
+    } catch (const RuntimeFailure&) {
+        return false; // a drive that isn't there has nothing on it
+    }
+    if (statusOf(native)) {
         return true;
     }
-    if (errno != ENOENT && errno != ENOTDIR) {
+    // Behind a folder that may not be searched there is nothing for us, and too long a name is nobody's.
+    if (errno != ENOENT && errno != ENOTDIR && errno != EACCES && errno != ENAMETOOLONG && errno != ELOOP) {
         failFile();
     }
     return false;

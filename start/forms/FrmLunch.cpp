@@ -115,8 +115,14 @@ void FrmLunch::addCheckBox(QGridLayout& layout) {
     });
     connect(Check2, &QCheckBox::clicked, this, [this](bool ticked) {
         context_.guard.run([&] {
+            // Its new state is heard in both directions: with the speech that it switches on, or before it switches it off.
+            if (!ticked) {
+                spoken_->announce(*Check2);
+            }
             switchSpeechByCheck(context_.zormod, ticked);
-            spoken_->announce(*Check2);
+            if (ticked) {
+                spoken_->announce(*Check2);
+            }
         });
     });
     layout.addWidget(Check2, 2, 0, 1, 3);

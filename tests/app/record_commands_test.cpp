@@ -3,8 +3,10 @@
 #include "app/record_commands.h"
 
 #include "edit/edit_world.h"
+#include "edit/input_keys.h"
 #include "edit/range_keys.h"
 #include "sheet/record_file.h"
+#include "voice/speech_channel.h"
 
 #include <gmock/gmock.h>
 
@@ -272,6 +274,19 @@ TEST(RecordCommands, InsAndDelInAnEmptyBoxShiftTheCellsOfTheRow) {
     EXPECT_EQ(world.cell(1), "          ");
     world.key(plainKey(Key::down));
     EXPECT_EQ(world.onDisk(2).substr(0, 6), "n2    ");
+}
+
+TEST(RecordCommands, InsSaysSoAtOnceAndDelWithinTheInhibitTimeNot) {
+    RecordCommandWorld world;
+    world.stand(1, 0);
+    world.zormod.speech.speechMode = 1;
+    sayThrottled(world.zormod, u"before");
+    world.table.run(shiftCellsRightCommand);
+    world.table.run(shiftCellsLeftCommand);
+    EXPECT_EQ(world.takeSpoken(), (Spoken{"before", "ﾃﾞｰﾀｶﾞｲﾁｺｳﾓｸﾐｷﾞｼﾌﾄｼﾏｼﾀ"}));
+    world.later();
+    world.table.run(shiftCellsLeftCommand);
+    EXPECT_EQ(world.takeSpoken(), Spoken{"ﾃﾞｰﾀｶﾞｲﾁｺｳﾓｸﾋﾀﾞﾘｼﾌﾄｼﾏｼﾀ"});
 }
 
 TEST(RecordCommands, WithTextInTheBoxInsAndDelAreTheBoxesOwn) {

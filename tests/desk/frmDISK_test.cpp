@@ -76,6 +76,22 @@ TEST(frmDISK, ArrowsSayTheFileAndEnterOpensIt) {
     EXPECT_EQ(QApplication::activeWindow(), &desk.form);
     EXPECT_EQ(desk.focus(), "txtinputbox");
     EXPECT_THAT(desk.title(), HasSubstr("b.txt/記録数:1"));
+    EXPECT_THAT(desk.spoken(), Contains("データ入力ﾃｷｽﾄﾎﾞｯｸｽ")) << "the only sign that the table is there";
+}
+
+TEST(frmDISK, AMemoThatIsBeingTypedIsKeptBeforeAnotherTableIsChosen) {
+    DiskDesk desk;
+    desk.tabTo("RichTextBox2");
+    desk.key(plainKey(Key::end));
+    desk.keys.type(u"xy");
+    desk.runWith(u"mnuREAD", [&] {
+        EXPECT_THAT(desk.world.bytesOf("kt.txt"), HasSubstr("memoxy,"));
+        desk.key(plainKey(Key::down));
+        desk.key(plainKey(Key::enter));
+    });
+    EXPECT_THAT(desk.openFile(), EndsWith("\\b.txt"));
+    EXPECT_THAT(desk.world.bytesOf("kt.txt"), HasSubstr("memoxy,"));
+    EXPECT_EQ(desk.world.bytesOf("kb.txt").find("xy"), std::string::npos);
 }
 
 TEST(frmDISK, TheFocusGoesToTheInputBoxFromWhereverItWas) {

@@ -7,7 +7,9 @@
 
 #include <gmock/gmock.h>
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::StartsWith;
 
 namespace {
 
@@ -191,7 +193,17 @@ TEST(frmHelp, AnotherGuideComesIntoTheOpenWindow) {
     EXPECT_EQ(QApplication::activeWindow(), first);
     EXPECT_EQ(desk.title(), "音声案内について.txt");
     EXPECT_EQ(utf8(desk.box().view().text), "two");
+    EXPECT_THAT(desk.spoken(), Contains(StartsWith("音声案内について.txt。"))) << "or nobody would know that it has come";
     desk.key(plainKey(Key::escape));
+}
+
+TEST(frmHelp, TheReadingKeysSayTheWordThatIsLookedForAndTheBox) {
+    ViewerDesk desk;
+    desk.openGuide(u"one");
+    desk.tabTo("Text1");
+    desk.keys.type(u"key");
+    EXPECT_THAT(desk.spokenBy(ctrlShiftKey(Key::s)),
+                ElementsAre("key､検索文字列をいれてください、カーソル行以降のテキストが検索対象になります"));
 }
 
 TEST(frmHelp, ALargeTextIsReadToItsEnd) {

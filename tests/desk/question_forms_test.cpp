@@ -42,6 +42,42 @@ TEST(frmOKCAN, SaysItsTextAndAnswersByItsButtons) {
     EXPECT_EQ(desk.zormod.results.msgAnswer, 2);
 }
 
+TEST(frmOKCAN, TheReadingKeysOnAButtonSayTheQuestionFirst) {
+    MessageDesk desk;
+    desk.inNextModal([&] {
+        const auto read = [&](const KeyStroke& stroke) {
+            desk.world.later();
+            desk.spoken();
+            desk.keys.press(stroke);
+            return desk.spoken();
+        };
+        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("本文､OKコマンドボタン"));
+        read(plainKey(Key::tab));
+        EXPECT_THAT(read(shiftKey(Key::pageDown)), ElementsAre("本文､キャンセルコマンドボタン"));
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.asking([&] { desk.zormod.platform.dialogs.askOkCancel(u"本文", u"題"); });
+}
+
+TEST(frmCMSG, TheReadingKeysOnAButtonSayTheQuestionFirst) {
+    MessageDesk desk;
+    desk.inNextModal([&] {
+        const auto read = [&](const KeyStroke& stroke) {
+            desk.world.later();
+            desk.spoken();
+            desk.keys.press(stroke);
+            return desk.spoken();
+        };
+        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("消しますか､[はい](Y)ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(read(plainKey(Key::tab)), ElementsAre("いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("消しますか､いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(read(plainKey(Key::tab)), ElementsAre("ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(read(shiftKey(Key::pageDown)), ElementsAre("消しますか､ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.asking([&] { desk.zormod.platform.dialogs.askYesNoCancel({}, u"消しますか"); });
+}
+
 TEST(frmOKCAN, EscAndTheCloseBoxCancel) {
     MessageDesk desk;
     const auto ask = [&] { EXPECT_EQ(desk.zormod.platform.dialogs.askOkCancel(u"a", u"b"), Answer::cancel); };

@@ -72,6 +72,37 @@ TEST(SheetView, TheEchoLiesOverTheCurrentCellAndFollowsIt) {
     EXPECT_EQ(echo->y(), desk.rowHeight() - EchoCell::frame);
 }
 
+TEST(SheetView, WhatIsTypedGoesAlongWhenTheViewIsSwitched) {
+    ViewDesk desk;
+    desk.key(plainKey(Key::right));
+    const QImage cell = desk.image("Picture2");
+    desk.keys.type(u"abc");
+    const QImage typed = desk.image("Picture2");
+    ASSERT_NE(typed, cell);
+    desk.press("frmSHEET", "Command3");
+    desk.key(plainKey(Key::escape)); // the box is empty again
+    desk.press("frmKOJIND", "Command1");
+    desk.keys.type(u"abc");
+    desk.press("frmGrid", "Command1");
+    EXPECT_EQ(desk.image("Picture2"), typed);
+    desk.press("frmSHEET", "Command3");
+    desk.key(plainKey(Key::escape));
+    desk.press("frmKOJIND", "Command1");
+    desk.press("frmGrid", "Command1");
+    EXPECT_EQ(desk.image("Picture2"), cell);
+}
+
+TEST(SheetView, TheKeypadsCodeOfTheDescriptionStaysInTheViewToo) {
+    for (const KeyStroke& stroke : {ctrlShiftKey(Key::a), ctrlShiftKey(Key::keypad1)}) {
+        ViewDesk desk;
+        QWidget* view = desk.part("frmSHEET");
+        view->setFocus();
+        ASSERT_EQ(desk.focus(), "frmSHEET");
+        EXPECT_EQ(desk.spokenBy(stroke).size(), 1U);
+        EXPECT_EQ(desk.focus(), "frmSHEET");
+    }
+}
+
 TEST(SheetView, TheEchoIsBlackOnPaleYellowInAStrongFrameInEveryPalette) {
     const QPalette before = QApplication::palette();
     for (const QColor ground : {QColor(Qt::white), QColor(Qt::black)}) {

@@ -18,6 +18,17 @@ TEST(InputBox, CtrlDBlanksTheCellAndGoesOn) {
     EXPECT_EQ(world.takeSpoken(), Spoken{"30､"});
 }
 
+TEST(InputBox, CtrlDAtTheVeryEndLeavesNothingInTheBox) {
+    EditWorld world;
+    world.people({{u"1", u"山田", u"30"}});
+    world.stand(2, 2);
+    world.type(u"x");
+    world.box.mnuCTRLD();
+    EXPECT_EQ(world.beeper.count, 1);
+    EXPECT_EQ(world.typed(), "");
+    EXPECT_EQ(world.cell(2), "   ");
+}
+
 TEST(InputBox, CtrlUBringsTheCellIntoTheBox) {
     EditWorld world;
     world.people({{u"1", u"山田", u"30"}}, 1);
@@ -26,7 +37,7 @@ TEST(InputBox, CtrlUBringsTheCellIntoTheBox) {
     EXPECT_EQ(world.typed(), "山田");
     EXPECT_EQ(utf8(world.screen.fields[PanelField::txtinputbox]), "山田");
     EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
-    EXPECT_EQ(world.takeSpoken(), Spoken{"山田､データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
+    EXPECT_EQ(world.takeSpoken(), Spoken{"山田 ざん6バイト"});
     world.later();
     world.type(u"様");
     EXPECT_EQ(world.takeSpoken(), Spoken{"様 ざん4バイト"});

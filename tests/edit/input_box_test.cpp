@@ -267,7 +267,7 @@ TEST(InputBox, DownAfterTypingSaysTheCellItComesTo) {
     EXPECT_EQ(world.onDisk(1), "    abc          ");
 }
 
-TEST(InputBox, EscWithTextOnlyClearsTheBox) {
+TEST(InputBox, EscWithTextOnlyClearsTheBoxAndSaysSo) {
     NumberedWorld world(2, {1, 1}, 1);
     world.type(u"ab");
     world.takeSpoken();
@@ -276,7 +276,8 @@ TEST(InputBox, EscWithTextOnlyClearsTheBox) {
     EXPECT_EQ(world.typed(), "");
     EXPECT_EQ(world.cell(1), "n1        ");
     EXPECT_EQ(world.item(), 1);
-    EXPECT_EQ(world.takeSpoken(), Spoken());
+    EXPECT_EQ(world.takeSpoken(), Spoken{"ab 削除 ざん10バイト"});
+    EXPECT_FALSE(world.screen.echoTyping);
 }
 
 TEST(InputBox, EscInAnEmptyBoxWritesTheRowAndEndsInOrderWithSpeechOn) {

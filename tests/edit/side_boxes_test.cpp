@@ -1,5 +1,7 @@
 #include "edit/side_boxes.h"
 
+#include "edit/table_memo.h"
+
 #include "edit/box_labels.h"
 #include "edit/edit_world.h"
 
@@ -167,25 +169,13 @@ TEST(SideBoxes, EnterInTheMemoGivesTheInputBoxTheFocus) {
     EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
 }
 
-TEST(SideBoxes, AMemoThatDiffersIsWritten) {
-    NumberedWorld world(5);
-    const std::string before = world.bytesOf("kt.txt");
-    ASSERT_NE(before, "");
-    memoLeft(world.edit, u"memo");
-    EXPECT_EQ(world.bytesOf("kt.txt"), before);
-    memoLeft(world.edit, u"ABC");
-    EXPECT_EQ(utf8(world.zormod.file.tableMemo), "ABC");
-    EXPECT_NE(world.bytesOf("kt.txt").find("ABC"), std::string::npos);
-    showCurrentCell(world.edit);
-    EXPECT_EQ(utf8(world.edit.RichTextBox2), "ABC");
-}
-
 TEST(SideBoxes, WithoutATableEnterBeepsAndTheMemoIsLeftAlone) {
     EditWorld world;
     enterNumber(world, PanelField::txtREC, u"1");
     enterNumber(world, PanelField::txtItemnum, u"0");
     EXPECT_EQ(world.beeper.count, 1);
-    memoLeft(world.edit, u"x");
+    sideBoxTyped(world.edit, PanelField::RichTextBox2, u"x");
+    keepTypedMemo(world.edit);
     EXPECT_EQ(utf8(world.zormod.file.tableMemo), "");
     EXPECT_EQ(world.bytesOf("K"), "");
 }

@@ -242,7 +242,7 @@ TEST(PosixFiles, ALongFileIsGoneAtOnceAndFreedSoon) {
 TEST(PosixFiles, APathLongerThanTheSystemAllowsFails) {
     RealFolder world;
     for (const Text& path : {Text(4000, u'a'), Text(10000, u'a'), u"C:\\" + Text(100000, u'あ')}) {
-        EXPECT_THROW(world.files.exists(path), RuntimeFailure);
+        EXPECT_FALSE(world.files.exists(path));
         EXPECT_THROW(world.files.openRandom(path), RuntimeFailure);
         EXPECT_THROW(world.files.readWhole(path, 9), RuntimeFailure);
         EXPECT_THROW(world.files.replaceWhole(path, "x"), RuntimeFailure);
@@ -253,7 +253,7 @@ TEST(PosixFiles, APathLongerThanTheSystemAllowsFails) {
 
 TEST(PosixFiles, ADriveThatIsNotThereFails) {
     RealFolder world;
-    EXPECT_THROW(world.files.exists(u"E:\\t"), RuntimeFailure);
+    EXPECT_FALSE(world.files.exists(u"E:\\t"));
     EXPECT_THROW(world.files.openRandom(u"E:\\t"), RuntimeFailure);
     EXPECT_THROW(world.files.readWhole(u"E:t", 9), RuntimeFailure);
     EXPECT_THROW(world.files.replaceWhole(u"E:\\t", "x"), RuntimeFailure);

@@ -1,6 +1,6 @@
 #include "safety/writing_operations.h"
 
-#include "edit/side_boxes.h"
+#include "edit/table_memo.h"
 #include "sheet/bulk_world.h"
 #include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
@@ -33,7 +33,8 @@ void typeRow(ZORMOD& zormod, std::int32_t record) {
 
 void leaveMemo(ZORMOD& zormod) {
     EditScreen edit(zormod);
-    memoLeft(edit, u"新しいメモ");
+    edit.typedMemo = u"新しいメモ";
+    keepTypedMemo(edit);
 }
 
 void makeNewTable(TestWorld& world, ZORMOD& zormod) {

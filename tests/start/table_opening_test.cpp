@@ -52,6 +52,18 @@ TEST(TableOpening, WithoutAnOldTableARefusalLeavesNone) {
     world.expectNoTable();
 }
 
+TEST(TableOpening, ADriveThatIsNotThereAndANameThatIsTooLongAreRefusedInTheSameWords) {
+    for (const Text& name : {Text(u"q:\\t.txt"), u"c:\\" + Text(300, u'a') + u".txt"}) {
+        StartWorld world;
+        world.dialogs.expectedMessages = 1;
+        EXPECT_FALSE(openInsteadOfOld(world.zormod, name.substr(2), name.substr(0, 1)));
+        ASSERT_EQ(world.dialogs.messages.size(), 1U);
+        EXPECT_EQ(utf8(world.dialogs.messages[0].title), "項目挿入不可能");
+        EXPECT_EQ(world.beeper.count, 1);
+        world.expectNoTable();
+    }
+}
+
 TEST(TableOpening, AnOldTableThatIsSpoiltMeanwhileIsGivenUp) {
     StartWorld world;
     world.make("a.txt");

@@ -361,3 +361,61 @@ TEST(DesignGiveUp, ACsvDesignGoesBackToTheFileChoiceWithoutAQuestion) {
 }
 
 } // namespace
+
+TEST(DesignAccept, TheItemsThatTakeInputStayChosen) {
+    for (const TextView width : {u"10", u"9"}) { // without a rewrite and with one
+        AcceptWorld world;
+        world.table(meibo, people);
+        world.zormod.input.allItemsInput = 0;
+        world.zormod.items.itemInputMark[1] = 1;
+        TableDesign& design = world.change();
+        design.rows[1].name = u"名";
+        design.rows[1].width = Text(width);
+        designRowsChanged(design);
+        world.dialogs.answers = {Answer::yes};
+        EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
+        EXPECT_EQ(world.zormod.items.itemInputMark[1], 1);
+        EXPECT_EQ(world.zormod.items.itemInputMark[2], 0);
+        EXPECT_EQ(world.zormod.input.allItemsInput, 0);
+    }
+}
+
+TEST(DesignAccept, WithoutAChosenItemLeftAllTakeInput) {
+    AcceptWorld world;
+    TableDesign& design = world.changing();
+    world.zormod.input.allItemsInput = 0;
+    design.before.items.itemInputMark[2] = 1;
+    design.rows.resize(2);
+    designRowsChanged(design);
+    world.dialogs.answers = {Answer::no};
+    EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
+    EXPECT_EQ(world.zormod.items.itemCount, 1);
+    EXPECT_EQ(world.zormod.input.allItemsInput, 1);
+}
+
+TEST(DesignAccept, AFixedRangeEndsWithTheOldItems) {
+    for (const bool isNew : {false, true}) {
+        AcceptWorld world;
+        world.table(meibo, people);
+        world.zormod.selection = {.selectionKind = 3, .selRecordFrom = 1, .selRecordTo = 2, .selItemFrom = 1, .selItemTo = 2};
+        if (isNew) {
+            EXPECT_EQ(acceptDesign(world.complete(u"zaiko")), DesignOutcome::closed);
+        } else {
+            TableDesign& design = world.change();
+            design.rows[1].name = u"名";
+            EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
+        }
+        EXPECT_EQ(world.zormod.selection.selectionKind, 0);
+    }
+}
+
+TEST(DesignAccept, TheOpenTableIsKnownByABareNameToo) {
+    AcceptWorld world;
+    TableDesign& design = world.changing();
+    design.text3 = u"T";
+    design.rows[1].width = u"9";
+    designRowsChanged(design);
+    world.dialogs.answers = {Answer::cancel};
+    EXPECT_EQ(acceptDesign(design), DesignOutcome::stays);
+    EXPECT_EQ(world.dialogs.questions.size(), 1U) << "its records would be cut differently";
+}

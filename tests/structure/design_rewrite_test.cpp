@@ -7,7 +7,7 @@
 
 namespace {
 
-ItemTable items(const std::vector<DesignRow>& rows) { return itemsOf(rows); }
+ItemTable items(const std::vector<DesignRow>& rows) { return itemsOf(rows, {}); }
 
 const std::vector<DesignRow> oldRows = {{u"ID", u"L", u"3"}, {u"名", u"L", u"6"}, {u"点", u"R", u"4"}};
 

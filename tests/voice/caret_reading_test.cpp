@@ -198,7 +198,7 @@ TEST(BoxKeys, TheTextIsReadWithItsLabel) {
     EXPECT_EQ(world.keyUp(ctrlShiftKey(Key::s), at(0, u"abc")), Said{"abc､ﾃｷｽﾄﾎﾞｯｸｽ"});
     EXPECT_EQ(world.keyUp(ctrlShiftKey(Key::s), at(0, u"")), Said{"ﾃｷｽﾄﾎﾞｯｸｽ"});
     EXPECT_EQ(world.keyUp(ctrlShiftKey(Key::s), at(0, u"abc"), u"記録番号テキストボックス"),
-              Said{"記録番号テキストボックス"});
+              Said{"abc､記録番号テキストボックス"});
 }
 
 TEST(BoxKeys, F12ReadsThePlaceOfTheCaret) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 using Said = std::vector<std::string>;
@@ -41,6 +43,16 @@ TEST(OrderlyEnd, IsSilentWithSpeechOffButRemembersThat) {
     EXPECT_EQ(world.takeSpoken(), Said{});
     EXPECT_EQ(world.clock.slept, 0);
     EXPECT_EQ(world.bytesOf("zorTalk"), " 0 \r\n");
+}
+
+TEST(OrderlyEnd, EndsAlsoIfTheModeCannotBeRemembered) {
+    EndingWorld world;
+    std::filesystem::remove(world.folder.path() + "/zorTalk");
+    std::filesystem::create_directory(world.folder.path() + "/zorTalk");
+    world.dialogs.expectedMessages = 1;
+    EXPECT_THROW(orderlyEnd(world.zormod), ProgramEnd);
+    ASSERT_EQ(world.dialogs.messages.size(), 1U);
+    EXPECT_EQ(world.dialogs.messages[0].title, Text(failureTitle));
 }
 
 TEST(EndAtOnce, SaysAndWritesNothing) {

@@ -177,6 +177,13 @@ void SpokenForm::focusMoved(QWidget* from, QWidget* to) {
     }
 }
 
+void SpokenForm::openAgain() {
+    openingDue_ = true;
+    if (form_.isActiveWindow()) {
+        openSoon();
+    }
+}
+
 void SpokenForm::openSoon() {
     openingDue_ = false;
     const auto opening = context_.guard.wrap([this] {

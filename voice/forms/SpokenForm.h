@@ -72,6 +72,8 @@ public:
     /// Says the opening text after the inhibit time; windows do it by themselves when they open, a view inside a window
     /// when its owner asks for it. Nothing with speech off.
     void sayOpening();
+    /// The user has opened the form once more while it was open: it says its opening text as soon as it has the keyboard.
+    void openAgain();
     /// Announces a control as its focus does.
     void announce(QWidget& control);
 

@@ -1,6 +1,7 @@
 #include "voice/forms/form_table.h"
 
 #include "platform/failure.h"
+#include "voice/forms/SpokenForm.h"
 #include "voice/forms/modal_runner.h"
 
 #include <QApplication>
@@ -23,8 +24,10 @@ void FormTable::addModal(TextView name, std::function<QDialog*(QWidget*)> make) 
     entries_[Text(name)].makeModal = std::move(make);
 }
 
-void FormTable::addModeless(TextView name, std::function<QWidget*(QWidget*)> make) {
-    entries_[Text(name)].makeModeless = std::move(make);
+void FormTable::addModeless(TextView name, std::function<QWidget*(QWidget*)> make, bool speaksAgain) {
+    Entry& entry = entries_[Text(name)];
+    entry.makeModeless = std::move(make);
+    entry.speaksAgain = speaksAgain;
 }
 
 void FormTable::addStanding(TextView name, QWidget& window) {
@@ -38,7 +41,11 @@ void FormTable::open(TextView name) {
     }
     Entry& entry = found->second;
     if (entry.form) {
+        SpokenForm* again = entry.speaksAgain && entry.form->isVisible() ? SpokenForm::nearest(entry.form) : nullptr;
         entry.form->show(); // a form that was hidden is still there, as it was left
+        if (again != nullptr) {
+            again->openAgain();
+        }
         giveKeyboard(*entry.form);
         entry.form->raise();
         return;

@@ -19,8 +19,9 @@ class FormTable : public Forms {
 public:
     /// A modal form; `make` gets the window that it belongs to. open() returns when the form has been closed.
     void addModal(TextView name, std::function<QDialog*(QWidget* owner)> make);
-    /// A form that is shown without stopping the caller.
-    void addModeless(TextView name, std::function<QWidget*(QWidget* owner)> make);
+    /// A form that is shown without stopping the caller. `speaksAgain`: when it is opened while it is open, it says its
+    /// opening text once more, because the user has asked for it and would hear nothing else.
+    void addModeless(TextView name, std::function<QWidget*(QWidget* owner)> make, bool speaksAgain = false);
     /// A window that is there as long as the program: open() shows it.
     void addStanding(TextView name, QWidget& window);
     /// Must be called before the first form is opened; see MessageDialogs::setContext.
@@ -41,6 +42,7 @@ private:
         std::function<QDialog*(QWidget*)> makeModal{};
         std::function<QWidget*(QWidget*)> makeModeless{};
         QPointer<QWidget> form{};
+        bool speaksAgain = false;
     };
     const FormContext* context_ = nullptr;
     std::map<Text, Entry, std::less<>> entries_;

@@ -3,6 +3,7 @@
 #include "platform/dialogs.h"
 #include "platform/qt/key_button.h"
 #include "platform/qt/qt_text.h"
+#include "voice/announcement.h"
 #include "voice/forms/message_label.h"
 #include "voice/message_texts.h"
 #include "voice/speech_channel.h"
@@ -50,9 +51,18 @@ frmCMSG::frmCMSG(const FormContext& context, const Text& text, const Text& title
     layout->addWidget(label_);
     layout->addLayout(buttons);
 
-    spoken().add(*yes, u"cmdYES", {.reading = [] { return yesButtonFocus(); }});
-    spoken().add(*no, u"cmdNO");
-    spoken().add(*cancel, u"Command1");
+    const auto answer = [&](KeyButton& button, QAnyStringView name, const Text& focusText) {
+        ZORMOD& zormod = context.zormod;
+        spoken().add(button, name,
+                     {.reading = [text, focusText] { return answerReading(text, focusText); },
+                      .onFocus = [&zormod, focusText] { sayThrottled(zormod, focusText); }});
+    };
+    const auto announced = [](const KeyButton& button) {
+        return controlAnnouncement({.caption = fromQt(button.text())}, buttonWord);
+    };
+    answer(*yes, u"cmdYES", yesButtonFocus());
+    answer(*no, u"cmdNO", announced(*no));
+    answer(*cancel, u"Command1", announced(*cancel));
     spoken().onKeyDown([this](const KeyStroke& stroke) { return keyDown(stroke); });
     yes->onClick([this] { done(static_cast<int>(Answer::yes)); });
     no->onClick([this] { done(static_cast<int>(Answer::no)); });

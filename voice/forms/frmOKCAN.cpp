@@ -5,6 +5,7 @@
 #include "platform/qt/qt_text.h"
 #include "voice/forms/message_label.h"
 #include "voice/message_texts.h"
+#include "voice/speech_channel.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -23,8 +24,16 @@ frmOKCAN::frmOKCAN(const FormContext& context, const Text& text, const Text& tit
     layout->addWidget(label);
     layout->addLayout(buttons);
 
-    spoken().add(*ok, u"Command1", {.label = Text(okButtonFocus), .accessibleName = fromQt(ok->text())});
-    spoken().add(*cancel, u"Command2", {.label = Text(cancelButtonFocus), .accessibleName = fromQt(cancel->text())});
+    const auto answer = [&](KeyButton& button, QAnyStringView name, TextView focusText) {
+        ZORMOD& zormod = context.zormod;
+        spoken().add(button, name,
+                     {.label = Text(focusText),
+                      .accessibleName = fromQt(button.text()),
+                      .reading = [text, focusText] { return answerReading(text, focusText); },
+                      .onFocus = [&zormod, focusText] { sayThrottled(zormod, Text(focusText)); }});
+    };
+    answer(*ok, u"Command1", okButtonFocus);
+    answer(*cancel, u"Command2", cancelButtonFocus);
     spoken().onKeyDown([this, label](const KeyStroke& stroke) {
         if (stroke == plainKey(Key::escape)) {
             done(static_cast<int>(Answer::cancel));

@@ -101,7 +101,7 @@ void KeyGuideForm::giveBack() {
 
 void addKeyGuides(FormTable& forms, const FormContext& context) {
     for (const KeyGuide& guide : keyGuides()) {
-        forms.addModeless(guide.form,
-                          [&context, guide](QWidget* owner) { return new KeyGuideForm(context, guide, owner); });
+        forms.addModeless(
+            guide.form, [&context, guide](QWidget* owner) { return new KeyGuideForm(context, guide, owner); }, true);
     }
 }
