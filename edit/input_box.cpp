@@ -152,8 +152,7 @@ KeyOutcome InputBox::keyDown(const KeyStroke& stroke) {
 KeyOutcome InputBox::escape() {
     ZORMOD& zormod = edit_.zormod;
     if (!boxIsEmpty(edit_)) {
-        setBoxText(edit_, PanelField::txtinputbox, {}); // heard as any change of the box
-        showCellInEcho(edit_);
+        clearInputBox(edit_);
         return KeyOutcome::taken;
     }
     if (hasTable(zormod)) {
@@ -238,6 +237,9 @@ void InputBox::mnuCTRLU() {
     if (beepsWithoutTable(zormod)) {
         return;
     }
-    setBoxText(edit_, PanelField::txtinputbox, trimmed(getCell(zormod, zormod.position.curItem)));
+    {
+        const SilentScope silent(zormod);
+        setBoxText(edit_, PanelField::txtinputbox, trimmed(getCell(zormod, zormod.position.curItem)));
+    }
     giveInputBoxFocus(edit_);
 }

@@ -37,7 +37,7 @@ TEST(InputBox, CtrlUBringsTheCellIntoTheBox) {
     EXPECT_EQ(world.typed(), "山田");
     EXPECT_EQ(utf8(world.screen.fields[PanelField::txtinputbox]), "山田");
     EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
-    EXPECT_EQ(world.takeSpoken(), Spoken{"山田 ざん6バイト"});
+    EXPECT_EQ(world.takeSpoken(), Spoken{"山田､データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
     world.later();
     world.type(u"様");
     EXPECT_EQ(world.takeSpoken(), Spoken{"様 ざん4バイト"});
