@@ -161,19 +161,15 @@ void showCurrentCellAtRest(EditScreen& edit) {
 
 void showOpenedTable(EditScreen& edit) {
     ZORMOD& zormod = edit.zormod;
+    const SilentScope silent(zormod);
     edit.readingState = ReadingState::none;
     edit.typedMemo.reset(); // of another table
-    {
-        const SilentScope silent(zormod);
-        showCurrentCell(edit);
-        clearInputBox(edit);
-    }
+    showCurrentCellAtRest(edit);
     // Shown once more even if the last table had the same, or its Ctrl+Z would bring back what was typed there.
     zormod.platform.screen.showField(PanelField::RichTextBox2, zormod.file.tableMemo);
     setPanelText(edit, PanelField::Label11, allItemsLabel(zormod));
     const std::int16_t limit = zormod.input.inputLimit;
     setPanelText(edit, PanelField::Label8, limit != 0 ? u"制限字数:" + plainNumber(limit) : u"字数制限:項目幅");
-    giveInputBoxFocus(edit); // the one thing that is heard when a table takes another's place
 }
 
 Text allItemsLabel(const ZORMOD& zormod) {

@@ -79,8 +79,13 @@ bool openInsteadOfOld(ZORMOD& zormod, const Text& fileName, const Text& fileDriv
 }
 
 void showTableOnScreen(ZORMOD& zormod) {
-    if (!zormod.platform.forms.isLoaded(u"Form1")) {
+    const bool isThere = zormod.platform.forms.isLoaded(u"Form1");
+    if (!isThere) {
         zormod.platform.forms.open(u"Form1");
     }
     zormod.platform.commands.run(showOpenedTableCommand);
+    if (isThere) {
+        // The edit screen says its opening text when it comes up; when it is there already, this is all that is heard.
+        zormod.platform.commands.run(u"backToInputBox");
+    }
 }

@@ -78,7 +78,7 @@ TEST(FileChoice, OpensTheChosenTableAndCloses) {
     EXPECT_EQ(world.zormod.taskWord, u"");
     EXPECT_FALSE(world.formIsOpen());
     EXPECT_TRUE(world.choice->isClosed());
-    EXPECT_THAT(utf8(world.commands.names), ElementsAre("showOpenedTable"));
+    EXPECT_THAT(utf8(world.commands.names), ElementsAre("showOpenedTable", "backToInputBox"));
 }
 
 TEST(FileChoice, FromTheStartScreenTheEditScreenComesFirst) {
