@@ -10,6 +10,18 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+namespace {
+
+/// The texts spoken by one key of a form that is up, after a pause that lets its reading pass the throttle.
+std::vector<std::string> saidBy(MessageDesk& desk, const KeyStroke& stroke) {
+    desk.world.later();
+    desk.spoken();
+    desk.keys.press(stroke);
+    return desk.spoken();
+}
+
+} // namespace
+
 TEST(frmOKCAN, SaysItsTextAndAnswersByItsButtons) {
     MessageDesk desk;
     Answer answer = Answer::yes;
@@ -45,15 +57,9 @@ TEST(frmOKCAN, SaysItsTextAndAnswersByItsButtons) {
 TEST(frmOKCAN, TheReadingKeysOnAButtonSayTheQuestionFirst) {
     MessageDesk desk;
     desk.inNextModal([&] {
-        const auto read = [&](const KeyStroke& stroke) {
-            desk.world.later();
-            desk.spoken();
-            desk.keys.press(stroke);
-            return desk.spoken();
-        };
-        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("本文､OKコマンドボタン"));
-        read(plainKey(Key::tab));
-        EXPECT_THAT(read(shiftKey(Key::pageDown)), ElementsAre("本文､キャンセルコマンドボタン"));
+        EXPECT_THAT(saidBy(desk, ctrlShiftKey(Key::s)), ElementsAre("本文､OKコマンドボタン"));
+        saidBy(desk, plainKey(Key::tab));
+        EXPECT_THAT(saidBy(desk, shiftKey(Key::pageDown)), ElementsAre("本文､キャンセルコマンドボタン"));
         desk.keys.press(plainKey(Key::escape));
     });
     desk.asking([&] { desk.zormod.platform.dialogs.askOkCancel(u"本文", u"題"); });
@@ -62,17 +68,11 @@ TEST(frmOKCAN, TheReadingKeysOnAButtonSayTheQuestionFirst) {
 TEST(frmCMSG, TheReadingKeysOnAButtonSayTheQuestionFirst) {
     MessageDesk desk;
     desk.inNextModal([&] {
-        const auto read = [&](const KeyStroke& stroke) {
-            desk.world.later();
-            desk.spoken();
-            desk.keys.press(stroke);
-            return desk.spoken();
-        };
-        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("消しますか､[はい](Y)ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
-        EXPECT_THAT(read(plainKey(Key::tab)), ElementsAre("いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
-        EXPECT_THAT(read(ctrlShiftKey(Key::s)), ElementsAre("消しますか､いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
-        EXPECT_THAT(read(plainKey(Key::tab)), ElementsAre("ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
-        EXPECT_THAT(read(shiftKey(Key::pageDown)), ElementsAre("消しますか､ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(saidBy(desk, ctrlShiftKey(Key::s)), ElementsAre("消しますか､[はい](Y)ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(saidBy(desk, plainKey(Key::tab)), ElementsAre("いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(saidBy(desk, ctrlShiftKey(Key::s)), ElementsAre("消しますか､いいえ(N)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(saidBy(desk, plainKey(Key::tab)), ElementsAre("ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
+        EXPECT_THAT(saidBy(desk, shiftKey(Key::pageDown)), ElementsAre("消しますか､ｷｬﾝｾﾙ(ESC)､ｺﾏﾝﾄﾞﾎﾞﾀﾝ"));
         desk.keys.press(plainKey(Key::escape));
     });
     desk.asking([&] { desk.zormod.platform.dialogs.askYesNoCancel({}, u"消しますか"); });
