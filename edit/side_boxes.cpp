@@ -13,8 +13,6 @@
 #include "voice/caret_reading.h"
 #include "voice/speech_channel.h"
 
-#include <utility>
-
 namespace {
 
 void setTyping(EditScreen& edit, PanelField field, bool isTyping) {

@@ -3,8 +3,8 @@
 // to the width of the window and scrolls, so that the box with the focus is wholly in view at any size of letters. It
 // only lays out and shows; what the boxes do is bound in panel_binding.
 
-#include "platform/qt/form_context.h"
 #include "platform/qt/focus_watch.h"
+#include "platform/qt/form_context.h"
 #include "platform/screen.h"
 
 #include <QScrollArea>

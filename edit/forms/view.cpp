@@ -23,8 +23,8 @@ bool pressesButton(const KeyStroke& stroke) {
 
 // What any form answers: the user is looking round and stays where he is.
 bool isSpeakingKey(const KeyStroke& stroke) {
-    return stroke == ctrlShiftKey(Key::a) || stroke == ctrlShiftKey(Key::keypad1) || stroke == altKey(Key::n) || stroke == altKey(Key::m) ||
-           stroke == ctrlShiftKey(Key::s) || stroke == shiftKey(Key::pageDown);
+    return stroke == ctrlShiftKey(Key::a) || stroke == ctrlShiftKey(Key::keypad1) || stroke == altKey(Key::n) ||
+           stroke == altKey(Key::m) || stroke == ctrlShiftKey(Key::s) || stroke == shiftKey(Key::pageDown);
 }
 
 } // namespace

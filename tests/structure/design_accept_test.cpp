@@ -323,6 +323,7 @@ TEST(DesignGiveUp, FromTheStartTheProgramEndsOnYesAlone) {
         EXPECT_EQ(end.how, EndKind::farewellOnly);
     }
     EXPECT_THAT(world.takeSpoken(), testing::Contains("ﾛﾐｶ ｼｭｳﾘｮｳ"));
+    EXPECT_NEAR(world.clock.slept, 2.7, 0.01) << "what was said before gets out, then the farewell";
     EXPECT_FALSE(world.files.exists(world.path(u"zorTalk")));
 }
 
