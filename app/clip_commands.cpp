@@ -8,20 +8,30 @@
 
 namespace {
 
-void withTheRowOnDisk(EditScreen& edit, void (*routine)(ZORMOD&)) {
+/// Runs `routine` with the row on the disk. What it has put on the clipboard, if it says so, is what the user is to have
+/// or to hear, not the name of the box.
+void withTheRowOnDisk(EditScreen& edit, bool (*routine)(ZORMOD&)) {
     leaveTyping(edit);
-    routine(edit.zormod);
+    if (routine(edit.zormod)) {
+        edit.readingState = ReadingState::cellSaid;
+    }
     showCurrentCellAtRest(edit);
 }
 
 } // namespace
 
 void bindClipCommands(CommandTable& commands, EditScreen& edit) {
-    const auto bind = [&](TextView name, void (*routine)(ZORMOD&)) {
+    const auto bind = [&](TextView name, bool (*routine)(ZORMOD&)) {
         bindWithTable(commands, edit, name, [routine](EditScreen& screen) { withTheRowOnDisk(screen, routine); });
     };
-    bind(u"mnuCLIP", [](ZORMOD& zormod) { makeClip(zormod); });
-    bind(u"mnuPAST", pasteOver);
+    bind(u"mnuCLIP", makeClip);
+    bind(u"mnuPAST", [](ZORMOD& zormod) {
+        pasteOver(zormod);
+        return false;
+    });
     bind(u"mnuIPASTE", pasteInsert);
-    bind(u"mnuDEPAST", undoPaste);
+    bind(u"mnuDEPAST", [](ZORMOD& zormod) {
+        undoPaste(zormod);
+        return false;
+    });
 }

@@ -64,7 +64,7 @@ void insertRangeRecords(EditScreen& edit) {
     const Selection range = zormod.selection;
     const std::int32_t here = zormod.position.curRecord;
     zormod.position.curRecord = std::min(range.selRecordFrom, range.selRecordTo);
-    if (insertAndSay(edit, std::abs(range.selRecordTo - range.selRecordFrom) + 1) == BulkEnd::refused) {
+    if (insertAndSay(edit, std::abs(range.selRecordTo - range.selRecordFrom) + 1) != BulkEnd::done) {
         zormod.position.curRecord = here;
     }
     endTask(edit);

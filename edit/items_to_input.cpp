@@ -109,6 +109,12 @@ Text ItemsToInput::name(int item) const {
     return trimmed(edit_.zormod.items.itemName[item]);
 }
 
+void takeAllIfNoneIsMarked(ZORMOD& zormod) {
+    if (firstMarked(zormod.items) < 0) {
+        zormod.input.allItemsInput = 1;
+    }
+}
+
 void mnuItem(EditScreen& edit) {
     if (!beepsWithoutTable(edit.zormod)) {
         edit.zormod.platform.forms.open(u"Form5");

@@ -39,6 +39,9 @@ private:
     CheckedArray<std::int16_t, itemEntries> marksBefore_;
 };
 
+/// All items take input if none of the table's items is marked any more: Enter must find one to go to.
+void takeAllIfNoneIsMarked(ZORMOD& zormod);
+
 /// The menu entry: opens Form5.
 void mnuItem(EditScreen& edit);
 /// The menu entry: all items take input.

@@ -25,6 +25,8 @@ public:
     /// file is open for reading only, or if its path no longer names this very file. A write that fails gives the file its
     /// old bytes and its old length back, as far as the disk still lets it.
     virtual void writeDurably(std::int64_t offset, BytesView bytes) = 0;
+    /// True if the path with which it was opened still names this very file, and not another one or none.
+    virtual bool isInPlace() = 0;
 };
 
 /// A file open for one run over many records. Reads come from blocks read ahead and see what was written before;
@@ -50,7 +52,7 @@ public:
 
 /// What a folder holds, hidden entries left out, each list in the order of the names without regard to case.
 struct FolderContents {
-    std::vector<Text> folders; ///< names without any path; the folder above is not among them
+    std::vector<Text> folders; ///< names to be put behind a path as they are; the folder above is not among them
     std::vector<Text> files;
 };
 
@@ -65,6 +67,8 @@ public:
     virtual Text fromCommandLine(const Text& argument) = 0;
     /// True if `path` names an existing file or folder.
     virtual bool exists(const Text& path) = 0;
+    /// True if both paths lead to one existing file or folder, whatever drive letter, spelling or link leads there.
+    virtual bool isSameFile(const Text& one, const Text& other) = 0;
     /// Opens a file for reading and writing in random access and makes it if it doesn't exist; one that may not be
     /// written is opened for reading. A folder or a device is a failure.
     virtual std::unique_ptr<RandomFile> openRandom(const Text& path) = 0;
@@ -75,6 +79,9 @@ public:
     /// Makes `contents` the whole contents of the file, new or existing. Killed at any moment it leaves the old
     /// contents or the new ones; it returns when the new ones are safely on the disk.
     virtual void replaceWhole(const Text& path, BytesView contents) = 0;
+    /// Fails as replaceWhole of `path` would, as far as that can be known beforehand: a folder or a device stands there, or
+    /// the file or its folder may not be written. For whoever must not begin what such a failure would cut in two.
+    virtual void expectReplaceable(const Text& path) = 0;
     /// Copies a file over another or to a new name. Killed at any moment it leaves the old contents or the new ones.
     virtual void copy(const Text& from, const Text& to) = 0;
     /// Claims the table at `path`. Null if another running copy holds it. A claim that this program already holds is

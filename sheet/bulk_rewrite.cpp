@@ -61,6 +61,7 @@ private:
 
 bool BulkFiles::open() {
     Files& files = zormod_.platform.files;
+    expectTableInPlace(zormod_);
     finishInterrupted(zormod_, name(), drive());
     if (usesWorkFile()) {
         claim_ = claimFolderOrTell(zormod_, fullPath(drive(), {}));
@@ -115,7 +116,11 @@ bool BulkFiles::swap() {
         throw RuntimeFailure{FailureKind::file};
     }
     if (job_.items != BulkItems::kept) {
-        const Bytes oldItems = zormod_.platform.files.readWhole(itemFilePath(zormod_, name()), largestItemFile);
+        Files& files = zormod_.platform.files;
+        const Text itemPath = itemFilePath(zormod_, name());
+        const Bytes oldItems = files.readWhole(itemPath, largestItemFile);
+        // Not when the new data file stands in its place already: then no opening could finish the swap.
+        files.expectReplaceable(itemPath);
         writeSwapRecord(zormod_, name(), drive(),
                         {.newLength = static_cast<std::uint64_t>(out_->length()),
                          .newFingerprint = fingerprintOf(*out_),

@@ -55,6 +55,29 @@ std::size_t bytesOf(const ChangeFrame& frame) { return static_cast<std::size_t>(
 
 std::int64_t offsetOf(const ChangeFrame& frame) { return (static_cast<std::int64_t>(frame.first) - 1) * recordLength; }
 
+/// Where in the frame the first changed record begins and the last one ends, in bytes.
+std::pair<std::size_t, std::size_t> changedPart(const ChangeFrame& frame) {
+    const auto differs = [&](std::size_t at) {
+        return frame.after.compare(at, recordLength, frame.before, at, recordLength) != 0;
+    };
+    std::size_t from = 0;
+    std::size_t end = bytesOf(frame);
+    while (from < end && !differs(from)) {
+        from += recordLength;
+    }
+    while (from < end && !differs(end - recordLength)) {
+        end -= recordLength;
+    }
+    return {from, end};
+}
+
+/// Writes `records`, the first ones of the frame, from byte `from` on.
+void write(RandomFile& table, const ChangeFrame& frame, BytesView records, std::size_t from) {
+    if (from < records.size()) {
+        table.writeDurably(offsetOf(frame) + static_cast<std::int64_t>(from), records.substr(from));
+    }
+}
+
 } // namespace
 
 void writeHead(RandomFile& journal, const ChangeHead& head) {
@@ -143,22 +166,12 @@ Bytes recordsNow(RandomFile& table, const ChangeFrame& frame) {
 }
 
 void changeRecords(RandomFile& table, const ChangeFrame& frame) {
-    const auto differs = [&](std::int32_t record) {
-        const auto at = static_cast<std::size_t>(record) * recordLength;
-        return frame.after.compare(at, recordLength, frame.before, at, recordLength) != 0;
-    };
-    std::int32_t from = 0;
-    std::int32_t end = frame.count;
-    while (from < end && !differs(from)) {
-        ++from;
-    }
-    while (from < end && !differs(end - 1)) {
-        --end;
-    }
-    if (from < end) {
-        const std::int64_t ahead = static_cast<std::int64_t>(from) * recordLength;
-        table.writeDurably(offsetOf(frame) + ahead,
-                           BytesView(frame.after).substr(static_cast<std::size_t>(ahead),
-                                                         static_cast<std::size_t>(end - from) * recordLength));
-    }
+    const auto [from, end] = changedPart(frame);
+    write(table, frame, BytesView(frame.after).substr(0, end), from);
+}
+
+void putRecordsBack(RandomFile& table, const ChangeFrame& frame, std::int64_t oldLength) {
+    const auto [from, end] = changedPart(frame);
+    const auto wereThere = static_cast<std::size_t>(std::max<std::int64_t>(0, oldLength - offsetOf(frame)));
+    write(table, frame, BytesView(frame.before).substr(0, std::min(end, wereThere)), from);
 }

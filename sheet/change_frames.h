@@ -65,3 +65,5 @@ FrameFound readFrame(RandomFile& journal, ChangeFrame& frame);
 Bytes recordsNow(RandomFile& table, const ChangeFrame& frame);
 /// Writes the changed records of the frame into the table.
 void changeRecords(RandomFile& table, const ChangeFrame& frame);
+/// Writes them as they were before, as far as the table reached then: `oldLength` bytes.
+void putRecordsBack(RandomFile& table, const ChangeFrame& frame, std::int64_t oldLength);

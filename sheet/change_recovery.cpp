@@ -60,22 +60,48 @@ Comparison compare(RandomFile& journal, const ChangeHead& head, RandomFile& tabl
     return comparison;
 }
 
-/// Puts the table right. False if it is another one by now, and so untouched.
-bool finishOn(ZORMOD& zormod, RandomFile& journal, const ChangeHead& head, const Text& tablePath) {
+/// What came of a journal.
+enum class Outcome {
+    finished,
+    unsure, ///< the table is whole, but whether that is on the disk can't be said
+    another ///< the table is another one by now, and so untouched
+};
+
+void writeAll(RandomFile& journal, const ChangeHead& head, BulkFile& table, bool asBefore) {
+    forEachFrame(head.spans, [&](ChangeFrame& frame) {
+        if (readFrame(journal, frame) != FrameFound::whole) {
+            return;
+        }
+        if (asBefore) {
+            putRecordsBack(table, frame, head.oldLength);
+        } else {
+            changeRecords(table, frame);
+        }
+    });
+    table.finish();
+}
+
+/// Puts the table right.
+Outcome finishOn(ZORMOD& zormod, RandomFile& journal, const ChangeHead& head, const Text& tablePath) {
     if (!zormod.platform.files.exists(tablePath)) {
-        return false;
+        return Outcome::another;
     }
     const auto table = zormod.platform.files.openBulk(tablePath);
     const Comparison comparison = compare(journal, head, *table);
-    if (comparison.isOurs && !comparison.isOld && !comparison.isNew) {
-        forEachFrame(head.spans, [&](ChangeFrame& frame) {
-            if (readFrame(journal, frame) == FrameFound::whole) {
-                changeRecords(*table, frame);
-            }
-        });
-        table->finish();
+    if (!comparison.isOurs) {
+        return Outcome::another;
     }
-    return comparison.isOurs;
+    try {
+        // Also what looks whole: after a sync that failed, or a kill ahead of it, the system may hold in memory what the
+        // disk hasn't got, and without the journal a power cut would leave a mixture that nobody knows of.
+        writeAll(journal, head, *table, comparison.isOld);
+    } catch (const RuntimeFailure&) {
+        if (!comparison.isOld && !comparison.isNew) {
+            throw;
+        }
+        return Outcome::unsure; // such as a table that may only be read; the journal stays for the next time
+    }
+    return Outcome::finished;
 }
 
 } // namespace
@@ -86,17 +112,17 @@ void finishChange(ZORMOD& zormod, const Text& fileName, const Text& drive) {
     if (!files.exists(path)) {
         return;
     }
-    bool isOurs = true;
+    Outcome outcome = Outcome::finished;
     {
         const auto journal = files.openBulk(path);
         const auto head = readHead(*journal);
         if (head && isWhole(*journal, *head)) {
-            isOurs = finishOn(zormod, *journal, *head, fullPath(drive, fileName));
+            outcome = finishOn(zormod, *journal, *head, fullPath(drive, fileName));
         }
     }
-    if (isOurs) {
+    if (outcome == Outcome::finished) {
         tidy([&] { files.remove(path); });
-        return;
+    } else if (outcome == Outcome::another) {
+        setAside(zormod, path, besideTable(drive, fileName, u".unused-change-"));
     }
-    setAside(zormod, path, besideTable(drive, fileName, u".unused-change-"));
 }

@@ -7,6 +7,7 @@
 #include "platform/waiting.h"
 #include "sheet/item_fields.h"
 #include "sheet/record_file.h"
+#include "sheet/work_files.h"
 
 #include <algorithm>
 
@@ -62,11 +63,13 @@ Text itemLine(int label, const Text& rest) {
     return plainNumber(label) + u" '" + rest + u"\r\n";
 }
 
-/// Makes `contents` the K file at `path`, or tells the user that it can't.
-void writeOrReport(ZORMOD& zormod, const Text& path, BytesView contents) {
+/// Makes `contents` the K file at `path`, or tells the user that it can't. `path` is spelled in the writers' small
+/// letters; on a disk that tells small and capital letters apart the file that the readers find goes first.
+void writeOrReport(ZORMOD& zormod, const Text& path, const Text& readersPath, BytesView contents) {
+    Files& files = zormod.platform.files;
     zormod.writeFlag.clear();
     try {
-        zormod.platform.files.replaceWhole(path, contents);
+        files.replaceWhole(files.exists(readersPath) ? readersPath : path, contents);
     } catch (const RuntimeFailure&) {
         zormod.platform.dialogs.showMessage(u"不適切なﾌｧｲﾙを指定しました。", u"ディスクエラー");
         closeFile(zormod, 2);
@@ -108,13 +111,13 @@ Result readOtherItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileD
 }
 
 void writeItemFile(ZORMOD& zormod, const Text& fileName, const Text& fileDrive) {
-    // The small letter is what this writer spells; the file layer finds an existing file in either case.
-    writeOrReport(zormod, pathWithLetter(fileDrive, fileName, u'k', u'K'),
+    writeOrReport(zormod, pathWithLetter(fileDrive, fileName, u'k', u'K'), itemFilePathOn(fileDrive, fileName),
                   itemFileBytes(zormod, zormod.items, zormod.items.itemCount));
 }
 
 void writeWorkItemFile(ZORMOD& zormod, std::int16_t count) {
-    writeOrReport(zormod, fullPath(zormod.file.fileDrive, u"Kwork.qqq"),
+    const Text& drive = zormod.file.fileDrive;
+    writeOrReport(zormod, fullPath(drive, u"Kwork.qqq"), workItemFilePath(drive),
                   itemFileBytes(zormod, zormod.otherItems, count));
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 ReadAheadScope::ReadAheadScope(ZORMOD& zormod) : zormod_(zormod) {
+    expectTableInPlace(zormod);
     auto ahead = zormod.platform.files.openBulk(fullPath(zormod.file.fileDrive, zormod.file.fileName));
     table_ = std::exchange(zormod.files.byNumber[1], std::move(ahead));
 }

@@ -66,6 +66,12 @@ void closeAllFiles(ZORMOD& zormod) {
     }
 }
 
+void expectTableInPlace(ZORMOD& zormod) {
+    if (!openFile(zormod, 1).isInPlace()) {
+        throw RuntimeFailure{FailureKind::file};
+    }
+}
+
 Text fullPath(TextView drive, TextView name) {
     Text path(drive);
     path += u':';

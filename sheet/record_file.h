@@ -26,5 +26,9 @@ void closeFile(ZORMOD& zormod, int fileNo);
 /// Closes all files, the table's included. The claim on the table stays.
 void closeAllFiles(ZORMOD& zormod);
 
+/// A RuntimeFailure of kind file if the table's name no longer leads to the file that is open, or no table is. Whoever
+/// reads the whole table by its name asks this first: another file, or a new empty one, must not be taken for it.
+void expectTableInPlace(ZORMOD& zormod);
+
 /// drive + ":" + name.
 Text fullPath(TextView drive, TextView name);

@@ -109,10 +109,13 @@ void openDataFile(ZORMOD& zormod) {
     const Text path = fullPath(zormod.file.fileDrive, zormod.file.fileName);
     closeFile(zormod, 1);
     zormod.files.byNumber[1] = zormod.platform.files.openRandom(path);
-    // A file that has only now been made could not be claimed before.
-    if (auto lock = zormod.platform.files.lockTable(path)) {
-        zormod.files.tableLock = std::move(lock);
+    // A file that has only now been made could not be claimed before, and another program may have been quicker.
+    auto lock = zormod.platform.files.lockTable(path);
+    if (!lock) {
+        closeFile(zormod, 1);
+        throw RuntimeFailure{FailureKind::file};
     }
+    zormod.files.tableLock = std::move(lock);
 }
 
 void fillFirstWindow(ZORMOD& zormod) {

@@ -22,6 +22,7 @@ void scrollWindowUp(ZORMOD& zormod);
 void commitRecord(ZORMOD& zormod);
 
 /// Opens the data file named by `fileName` and `fileDrive` as file 1, makes it if it doesn't exist, and claims it.
+/// A RuntimeFailure of kind file, without a table, if that fails or another program has claimed it meanwhile.
 void openDataFile(ZORMOD& zormod);
 /// Fills the window from the start of file 1, whose K file has been read: item starts, first record, window rows. Rows
 /// past the end show slashes, row 1 of an empty file is blank.

@@ -10,6 +10,7 @@
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "sheet/swap_record.h"
 #include "start/make_folder.h"
 #include "start/table_opening.h"
 #include "voice/announcement.h"
@@ -180,7 +181,9 @@ void FileChoice::deleteChosen() {
     file.otherFileDrive = chosen.fileDrive;
     const Text dataPath = fullPath(chosen.fileDrive, chosen.fileName);
     const Text itemPath = otherItemFilePath(zormod_, chosen.fileName);
-    if (!file.fileName.empty() && upperCase(itemFilePath(zormod_, file.fileName)) == upperCase(itemPath)) {
+    // Another drive letter, or a link, may lead to the open table, too: files are compared, not their names.
+    if (!file.fileName.empty() && (files.isSameFile(fullPath(file.fileDrive, file.fileName), dataPath) ||
+                                   files.isSameFile(itemFilePath(zormod_, file.fileName), itemPath))) {
         zormod_.platform.dialogs.showMessage(u"作業中のﾌｧｲﾙは削除出来ません", u"確認");
         return;
     }
@@ -192,6 +195,8 @@ void FileChoice::deleteChosen() {
     if (!claim) {
         return;
     }
+    // What a killed operation left beside the table is worked off, or it would meet the next table of that name.
+    recoverTable(zormod_, chosen.fileName, chosen.fileDrive);
     if (!readOtherItemFile(zormod_, chosen.fileName, chosen.fileDrive).empty()) {
         closeAllFiles(zormod_);
         if (!file.fileName.empty()) {

@@ -121,11 +121,11 @@ void pasteOver(ZORMOD& zormod) {
     }
 }
 
-void pasteInsert(ZORMOD& zormod) {
+bool pasteInsert(ZORMOD& zormod) {
     const auto claim = claimClip(zormod);
     const auto clip = claim ? ClipSource::open(zormod, clipFileName) : nullptr;
     if (!clip) {
-        return;
+        return false;
     }
     const ClipHead head = readHead(*clip);
     const std::int32_t first = zormod.position.curRecord;
@@ -138,7 +138,7 @@ void pasteInsert(ZORMOD& zormod) {
         return zormod.window.recordWindow[0];
     };
     if (insertMadeRecords(zormod, head.records, makeRow) != BulkEnd::done) {
-        return;
+        return false;
     }
     Backup backup(zormod, first);
     storeSlot(zormod, 1, zormod.window.blankLine);
@@ -150,6 +150,7 @@ void pasteInsert(ZORMOD& zormod) {
     backup.putInPlace();
     zormod.platform.dialogs.closeProgress();
     zormod.results.answers[0] = 0.0;
+    return true;
 }
 
 void undoPaste(ZORMOD& zormod) {

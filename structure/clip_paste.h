@@ -17,8 +17,9 @@
 void pasteOver(ZORMOD& zormod);
 
 /// Puts as many new records in front of the current one as the clip has, and its cells into them from the current item
-/// on. In a record in which no item is left the cells that are left over become the first ones of the next record.
-void pasteInsert(ZORMOD& zormod);
+/// on. In a record in which no item is left the cells that are left over become the first ones of the next record. False if
+/// nothing was inserted; otherwise the number of new records has been said.
+bool pasteInsert(ZORMOD& zormod);
 
 /// Puts the rows of the backup back, after a question unless a paste has just been stopped. It can't be stopped itself.
 void undoPaste(ZORMOD& zormod);

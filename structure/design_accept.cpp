@@ -1,5 +1,6 @@
 #include "structure/design_accept.h"
 
+#include "edit/items_to_input.h"
 #include "platform/beeper.h"
 #include "platform/commands.h"
 #include "platform/dialogs.h"
@@ -9,6 +10,7 @@
 #include "sheet/record_window.h"
 #include "sheet/selection.h"
 #include "sheet/swap_record.h"
+#include "sheet/work_files.h"
 #include "start/make_folder.h"
 #include "start/table_opening.h"
 #include "structure/design_checks.h"
@@ -57,17 +59,28 @@ Target targetOf(const TableDesign& design) {
     return {design.text3.substr(0, colon), design.text3.substr(colon + 1)};
 }
 
-/// The path by which two spellings of a name are compared: a name without a folder lies in the current one.
-Text comparablePath(ZORMOD& zormod, const Text& drive, const Text& name) {
-    const Text current = zormod.platform.files.currentFolder();
-    const bool isBare = !name.starts_with(u'\\') && lowerCase(drive) == lowerCase(TextView(current).substr(0, 1));
-    return lowerCase(isBare ? pathInFolder(current, name) : fullPath(drive, name));
-}
-
 bool isOpenTable(const TableDesign& design, const Target& target) {
     const FileIdentity& file = design.before.file;
-    return design.before.hadTable && comparablePath(design.zormod, file.fileDrive, file.fileName) ==
-                                         comparablePath(design.zormod, target.drive, target.name);
+    return design.before.hadTable &&
+           design.zormod.platform.files.isSameFile(fullPath(file.fileDrive, file.fileName),
+                                                   fullPath(target.drive, target.name));
+}
+
+/// True if the design's two files are already those of other tables: its item file would take the place of somebody's
+/// records, or its records would go into somebody's item file.
+bool takesFilesOfOthers(const TableDesign& design, const Target& target) {
+    Files& files = design.zormod.platform.files;
+    const auto isThere = [&](TextView prefix) {
+        return files.exists(besideTable(target.drive, target.name, prefix));
+    };
+    if (isThere(u"K") && isThere(u"KK")) {
+        return true;
+    }
+    const std::size_t name = lastPosition(target.name, u"\\");
+    Text owner = target.name;
+    owner.erase(name, 1);
+    return upperCase(target.name[name]) == u'K' && isThere({}) && !isThere(u"K") &&
+           files.exists(fullPath(target.drive, owner));
 }
 
 /// True if records of the open table would be cut differently from now on.
@@ -104,14 +117,7 @@ bool writeAndOpen(TableDesign& design, const Target& target) {
 /// What was chosen among the old items: a range may end where there is no item any more, and Enter must find one to go to.
 void leaveOldItems(ZORMOD& zormod) {
     giveUpSelection(zormod);
-    const auto& marks = zormod.items.itemInputMark;
-    bool isAnyChosen = false;
-    for (std::int16_t item = 0; item <= zormod.items.itemCount; ++item) {
-        isAnyChosen = isAnyChosen || marks[item] == 1;
-    }
-    if (!isAnyChosen) {
-        zormod.input.allItemsInput = 1;
-    }
+    takeAllIfNoneIsMarked(zormod);
 }
 
 /// The open table goes on under its changed design.
@@ -188,6 +194,11 @@ DesignOutcome acceptDesign(TableDesign& design) {
     const auto lock = zormod.platform.files.lockTable(target.path());
     if (!lock) {
         zormod.platform.dialogs.showMessage(u"このﾌｧｲﾙは別のロミカで使用中です", u"確認");
+        return DesignOutcome::toFileName;
+    }
+    if (!isOpenTable(design, target) && takesFilesOfOthers(design, target)) {
+        zormod.platform.dialogs.showMessage(
+            u"このﾌｧｲﾙ名では他の表のﾌｧｲﾙが失われます。別のﾌｧｲﾙ名を入力してください", u"ﾌｧｲﾙ名入力エラー");
         return DesignOutcome::toFileName;
     }
     bool rewrites = false;

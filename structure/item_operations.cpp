@@ -1,5 +1,6 @@
 #include "structure/item_operations.h"
 
+#include "edit/items_to_input.h"
 #include "platform/commands.h"
 #include "platform/dialogs.h"
 #include "platform/number_text.h"
@@ -104,6 +105,7 @@ BulkEnd rewriteForOtherItems(ZORMOD& zormod, const BulkJob& job, const std::func
     const BulkEnd end = bulkRewrite(zormod, job, loop);
     if (end == BulkEnd::done) {
         zormod.items.itemInputMark = marks;
+        takeAllIfNoneIsMarked(zormod);
     }
     return end;
 }

@@ -8,6 +8,10 @@
 
 void failFile() { throw RuntimeFailure{FailureKind::file}; }
 
+bool saysNothingIsThere(int error) {
+    return error == ENOENT || error == ENOTDIR || error == EACCES || error == ENAMETOOLONG || error == ELOOP;
+}
+
 Descriptor::~Descriptor() {
     if (isOpen()) {
         close(number_);

@@ -15,6 +15,10 @@
 /// Throws the failure of a file operation.
 [[noreturn]] void failFile();
 
+/// True if a look at a path that ended in `error` means that nothing is there for us: no such name, no folder that may
+/// be searched on the way to it, or a name that no file can have. Any other error is the disk's, and says nothing.
+bool saysNothingIsThere(int error);
+
 /// Result of a system call, repeated while a signal interrupts it. Negative with errno set on failure.
 template <typename Call> auto uninterrupted(Call call) {
     auto result = call();

@@ -64,21 +64,31 @@ std::vector<Text> DrivePaths::letters() const {
     return letters;
 }
 
-std::string DrivePaths::native(TextView path) const {
+std::optional<DrivePaths::Parts> DrivePaths::parse(TextView path) const {
     const std::size_t colon = path.substr(0, 2).find(u':');
-    if (colon == 0 || path.size() >= PATH_MAX) {
+    const bool namesDrive = colon == 1;
+    const auto drive = drives_.find(namesDrive ? upperCase(path.front()) : currentDrive_);
+    if (colon == 0 || path.size() >= PATH_MAX || drive == drives_.end()) {
+        return std::nullopt;
+    }
+    const std::string& root = drive->second;
+    const TextView inDrive = path.substr(namesDrive ? 2 : 0);
+    try {
+        return Parts{root, drive->first == currentDrive_ ? startFolder_ : root,
+                     inDrive.find_first_of(separators) == 0, namesOf(inDrive)};
+    } catch (const RuntimeFailure&) {
+        return std::nullopt; // a name that can't be written as bytes
+    }
+}
+
+std::string DrivePaths::native(TextView path) const {
+    const std::optional<Parts> parts = parse(path);
+    if (!parts) {
         throw RuntimeFailure{FailureKind::file};
     }
-    const bool namesDrive = colon == 1;
-    const char16_t letter = namesDrive ? upperCase(path.front()) : currentDrive_;
-    const std::string& root = rootOf(letter);
-    const std::string& current = letter == currentDrive_ ? startFolder_ : root;
-    const TextView inDrive = path.substr(namesDrive ? 2 : 0);
-    const bool countsFromRoot = inDrive.find_first_of(separators) == 0;
-    const std::vector<std::string> names = namesOf(inDrive);
-    std::string found = lookedUp(countsFromRoot ? root : current, names);
-    if (countsFromRoot && names.size() == 1 && !hasEntry(found) && !mayWrite(root)) {
-        found = lookedUp(current, names);
+    std::string found = lookedUp(parts->countsFromRoot ? parts->root : parts->current, parts->names);
+    if (parts->countsFromRoot && parts->names.size() == 1 && !hasEntry(found) && !mayWrite(parts->root)) {
+        found = lookedUp(parts->current, parts->names);
     }
     return found;
 }
@@ -109,12 +119,4 @@ Text DrivePaths::fromCommandLine(TextView argument) {
     Text path(argument);
     std::replace(path.begin(), path.end(), u'/', u'\\');
     return path;
-}
-
-const std::string& DrivePaths::rootOf(char16_t letter) const {
-    const auto drive = drives_.find(letter);
-    if (drive == drives_.end()) {
-        throw RuntimeFailure{FailureKind::file};
-    }
-    return drive->second;
 }

@@ -9,7 +9,9 @@
 #include "platform/posix/drive_table.h"
 #include "platform/text.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 /// Conversion of paths for one drive table and one start folder.
 class DrivePaths {
@@ -26,10 +28,14 @@ public:
     /// The letters of the drives, in order.
     std::vector<Text> letters() const;
 
+    /// False if no file can have that path: its drive is not in the table, or not named in front of a colon, or there is
+    /// no such name.
+    bool canName(TextView path) const { return parse(path).has_value(); }
+
     /// The native path of an entry, existing or not, found without regard to case where no entry matches exactly. A
     /// single name right in a drive's root that doesn't exist there, and can't be made there either because the user
-    /// may not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if the
-    /// drive is not in the table, is not named in front of a colon, or no file could have the name.
+    /// may not write the root, means that name in the drive's current folder. A RuntimeFailure of kind file if no file
+    /// can have the path, or the disk fails during the search.
     std::string native(TextView path) const;
 
     /// An absolute native path in drive-letter form, on the drive whose folder is nearest. A "\" inside a name is
@@ -41,7 +47,14 @@ public:
     static Text fromCommandLine(TextView argument);
 
 private:
-    const std::string& rootOf(char16_t letter) const;
+    /// What a path says.
+    struct Parts {
+        const std::string& root;    ///< the drive's
+        const std::string& current; ///< the drive's current folder
+        bool countsFromRoot;
+        std::vector<std::string> names;
+    };
+    std::optional<Parts> parse(TextView path) const;
 
     DriveTable drives_;
     Text currentFolder_;

@@ -1,12 +1,11 @@
 #include "platform/posix/folder_listing.h"
 
 #include "platform/failure.h"
+#include "platform/posix/folder_reader.h"
 #include "platform/posix/name_lookup.h"
 #include "platform/posix/native_names.h"
 
 #include <algorithm>
-#include <dirent.h>
-#include <memory>
 #include <sys/stat.h>
 #include <utility>
 
@@ -29,6 +28,13 @@ EntryKind kindOf(const std::string& folder, const dirent& entry) {
     return S_ISDIR(status.st_mode) ? EntryKind::folder : S_ISREG(status.st_mode) ? EntryKind::file : EntryKind::neither;
 }
 
+/// The name as a part of a path, in which a "\" would read as the end of a folder.
+Text nameInPath(const char* native) {
+    Text name = textFromNative(native);
+    std::replace(name.begin(), name.end(), u'\\', carriedBackslash);
+    return name;
+}
+
 /// Sorts by the folded names; equal ones keep the order of their spelling.
 void sortNames(std::vector<Text>& names) {
     std::vector<std::pair<Text, Text>> keyed;
@@ -43,21 +49,18 @@ void sortNames(std::vector<Text>& names) {
 } // namespace
 
 FolderContents listFolder(const std::string& nativeFolder) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(nativeFolder.c_str()), closedir);
-    if (!folder) {
-        throw RuntimeFailure{FailureKind::file};
-    }
     FolderContents contents;
-    while (const dirent* entry = readdir(folder.get())) {
-        if (entry->d_name[0] == '.') {
-            continue;
-        }
-        const EntryKind kind = kindOf(nativeFolder, *entry);
+    const bool isOpen = readFolder(nativeFolder, [&](const dirent& entry) {
+        const EntryKind kind = entry.d_name[0] == '.' ? EntryKind::neither : kindOf(nativeFolder, entry);
         if (kind == EntryKind::folder) {
-            contents.folders.push_back(textFromNative(entry->d_name));
+            contents.folders.push_back(nameInPath(entry.d_name));
         } else if (kind == EntryKind::file) {
-            contents.files.push_back(textFromNative(entry->d_name));
+            contents.files.push_back(nameInPath(entry.d_name));
         }
+        return true;
+    });
+    if (!isOpen) {
+        throw RuntimeFailure{FailureKind::file};
     }
     sortNames(contents.folders);
     sortNames(contents.files);

@@ -31,6 +31,9 @@ std::string withoutLinks(std::string path) {
     for (int links = 0; links < mostLinks; ++links) {
         std::array<char, PATH_MAX> to{};
         const ssize_t length = readlink(path.c_str(), to.data(), to.size());
+        if (length < 0 && errno != EINVAL && !saysNothingIsThere(errno)) {
+            failFile(); // a link that can't be read must not be taken for a file and replaced
+        }
         if (length < 0) {
             return path;
         }

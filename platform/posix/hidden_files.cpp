@@ -1,13 +1,12 @@
 #include "platform/posix/hidden_files.h"
 
+#include "platform/posix/folder_reader.h"
 #include "platform/posix/folders.h"
 #include "platform/posix/name_lookup.h"
 
 #include <algorithm>
 #include <array>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/random.h>
@@ -54,15 +53,15 @@ bool isNamed(const std::string& path, const Descriptor& file) {
 }
 
 std::vector<std::string> hiddenFilesIn(const std::string& folder) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-    if (!entries) {
-        failFile();
-    }
     std::vector<std::string> paths;
-    while (const dirent* entry = readdir(entries.get())) {
-        if (isHiddenName(entry->d_name)) {
-            paths.push_back(joined(folder, entry->d_name));
+    const bool isOpen = readFolder(folder, [&](const dirent& entry) {
+        if (isHiddenName(entry.d_name)) {
+            paths.push_back(joined(folder, entry.d_name));
         }
+        return true;
+    });
+    if (!isOpen) {
+        failFile();
     }
     return paths;
 }

@@ -1,12 +1,12 @@
 #include "platform/posix/name_lookup.h"
 
 #include "platform/letter_case.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/folder_reader.h"
 #include "platform/posix/native_names.h"
 
 #include <algorithm>
 #include <array>
-#include <dirent.h>
-#include <memory>
 #include <sys/stat.h>
 
 namespace {
@@ -61,26 +61,20 @@ char16_t foldedUnit(char16_t unit) {
     return lowerCase(unit);
 }
 
-struct CloseFolder {
-    void operator()(DIR* folder) const { closedir(folder); }
-};
-
 std::string entryFor(const std::string& folder, const std::string& name) {
-    const std::unique_ptr<DIR, CloseFolder> entries(opendir(folder.c_str()));
-    if (!entries) {
-        return name;
-    }
     const Text wanted = foldedName(textFromNative(name));
     std::string found;
-    while (const dirent* entry = readdir(entries.get())) {
-        const std::string candidate = entry->d_name;
-        if (candidate == name) {
-            return name;
-        }
+    const bool isOpen = readFolder(folder, [&](const dirent& entry) {
+        const std::string candidate = entry.d_name;
         // The order of UTF-8 bytes is the order of code points.
-        if ((found.empty() || candidate < found) && foldedName(textFromNative(candidate)) == wanted) {
+        if (candidate == name ||
+            ((found.empty() || candidate < found) && foldedName(textFromNative(candidate)) == wanted)) {
             found = candidate;
         }
+        return candidate != name;
+    });
+    if (!isOpen && !saysNothingIsThere(errno)) {
+        failFile(); // under the name as it is written a second file might be made beside the one that is meant
     }
     return found.empty() ? name : found;
 }
@@ -89,7 +83,13 @@ std::string entryFor(const std::string& folder, const std::string& name) {
 
 bool hasEntry(const std::string& path) {
     struct stat status {};
-    return lstat(path.c_str(), &status) == 0;
+    if (lstat(path.c_str(), &status) == 0) {
+        return true;
+    }
+    if (!saysNothingIsThere(errno)) {
+        failFile();
+    }
+    return false;
 }
 
 std::string joined(const std::string& folder, const std::string& name) {

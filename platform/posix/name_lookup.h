@@ -2,7 +2,8 @@
 // Finds the entry that a name means: an exact match first, else the one entry equal without regard to case, of several
 // the first in code order, else the name as written. So readers and writers that spell one file differently meet, a
 // new file gets the spelling of its writer and an existing file keeps its own. Called by DrivePaths alone. Never
-// changes a file, and never fails: what can't be looked up stays as written, and the use of the path reports it.
+// changes a file. Behind a folder that may not be read a name stays as written, and the use of the path reports it; a
+// disk that fails during the search is a RuntimeFailure of kind file.
 //
 // An exact path costs one query of the system. A folder is read only for the first name in it that has no exact match.
 
@@ -11,7 +12,7 @@
 #include <string>
 #include <vector>
 
-/// True if `path` names an entry, be it a link that leads nowhere.
+/// True if `path` names an entry, be it a link that leads nowhere. Throws if the disk can't say.
 bool hasEntry(const std::string& path);
 
 /// `folder` with `name` behind it.

@@ -42,9 +42,16 @@ void OpenedFile::mustBeWritable() const {
     mustBeNamed();
 }
 
-void OpenedFile::mustBeNamed() const {
+bool OpenedFile::isNamed() const {
     const std::optional<Status> named = statusOf(path_);
-    if (!named || inodeOf(*named) != inodeOf(statusOf(file_))) {
+    if (!named && !saysNothingIsThere(errno)) {
+        failFile();
+    }
+    return named && inodeOf(*named) == inodeOf(statusOf(file_));
+}
+
+void OpenedFile::mustBeNamed() const {
+    if (!isNamed()) {
         failFile();
     }
 }

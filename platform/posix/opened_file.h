@@ -19,6 +19,8 @@ public:
     std::int64_t length() const { return statusOf(file_).st_size; }
     /// Throws unless the file may be written and its path still names this very file.
     void mustBeWritable() const;
+    /// True if the path still names this very file. Throws if the disk can't say.
+    bool isNamed() const;
     /// Throws unless the path still names this very file.
     void mustBeNamed() const;
     /// Makes the name durable, if opening made it. Throws on failure.

@@ -15,6 +15,7 @@ public:
     std::int64_t length() override;
     std::size_t readAt(std::int64_t offset, char* into, std::size_t count) override;
     void writeDurably(std::int64_t offset, BytesView bytes) override;
+    bool isInPlace() override { return file_.isNamed(); }
     void finish() override;
     void handOver() override;
 

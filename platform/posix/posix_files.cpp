@@ -27,21 +27,23 @@ bool isLong(const std::string& path) {
 
 } // namespace
 
-bool PosixFiles::exists(const Text& path) {
-    std::string native;
-    try {
-        native = paths_.native(path);
-    } catch (const RuntimeFailure&) {
-        return false; // a drive that isn't there has nothing on it
+std::optional<Status> PosixFiles::find(const Text& path) const {
+    if (!paths_.canName(path)) {
+        return std::nullopt; // a drive that isn't there has nothing on it
     }
-    if (statusOf(native)) {
-        return true;
-    }
-    // Behind a folder that may not be searched there is nothing for us, and too long a name is nobody's.
-    if (errno != ENOENT && errno != ENOTDIR && errno != EACCES && errno != ENAMETOOLONG && errno != ELOOP) {
+    std::optional<Status> status = statusOf(paths_.native(path));
+    if (!status && !saysNothingIsThere(errno)) {
         failFile();
     }
-    return false;
+    return status;
+}
+
+bool PosixFiles::exists(const Text& path) { return find(path).has_value(); }
+
+bool PosixFiles::isSameFile(const Text& one, const Text& other) {
+    const std::optional<Status> first = find(one);
+    const std::optional<Status> second = find(other);
+    return first && second && inodeOf(*first) == inodeOf(*second);
 }
 
 std::unique_ptr<RandomFile> PosixFiles::openRandom(const Text& path) {
@@ -82,6 +84,14 @@ void PosixFiles::replaceWhole(const Text& path, BytesView contents) {
     replacement.putInPlace();
 }
 
+void PosixFiles::expectReplaceable(const Text& path) {
+    const std::string target = withoutLinks(paths_.native(path));
+    static_cast<void>(replaceable(target));
+    if (faccessat(AT_FDCWD, parentOf(target).c_str(), W_OK, AT_EACCESS) != 0) {
+        failFile();
+    }
+}
+
 void PosixFiles::copy(const Text& from, const Text& to) {
     const Descriptor source = openForReading(paths_.native(from));
     ReplacementFile replacement(paths_.native(to));
@@ -90,13 +100,8 @@ void PosixFiles::copy(const Text& from, const Text& to) {
 }
 
 std::unique_ptr<TableLock> PosixFiles::lockTable(const Text& path) {
-    std::string native;
-    try {
-        native = paths_.native(path);
-    } catch (const RuntimeFailure&) {
-        // No file can be there. Who opens the table next tells the user; here it is a name that leads nowhere.
-    }
-    return locks_.lock(native);
+    // Where no file can be, who opens the table next tells the user; here it is a name that leads nowhere.
+    return locks_.lock(paths_.canName(path) ? paths_.native(path) : std::string());
 }
 
 std::unique_ptr<TableLock> PosixFiles::lockFolder(const Text& path) {

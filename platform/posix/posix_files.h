@@ -3,6 +3,7 @@
 // temporary folders. It holds the drive table, the start folder and the claims on tables, and nothing of any file.
 
 #include "platform/files.h"
+#include "platform/posix/descriptor.h"
 #include "platform/posix/drive_paths.h"
 #include "platform/posix/table_locks.h"
 
@@ -22,10 +23,12 @@ public:
     Text currentFolder() override { return paths_.currentFolder(); }
     Text fromCommandLine(const Text& argument) override { return DrivePaths::fromCommandLine(argument); }
     bool exists(const Text& path) override;
+    bool isSameFile(const Text& one, const Text& other) override;
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
     std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
     void replaceWhole(const Text& path, BytesView contents) override;
+    void expectReplaceable(const Text& path) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
     std::unique_ptr<TableLock> lockFolder(const Text& path) override;
@@ -37,6 +40,9 @@ public:
     FolderContents folderContents(const Text& path) override;
 
 private:
+    /// What `path` leads to; empty if nothing is there.
+    std::optional<Status> find(const Text& path) const;
+
     DrivePaths paths_;
     TableLocks locks_;
     std::function<std::vector<std::string>()> media_;

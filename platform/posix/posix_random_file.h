@@ -14,6 +14,7 @@ public:
     std::int64_t length() override { return file_.length(); }
     std::size_t readAt(std::int64_t offset, char* into, std::size_t count) override;
     void writeDurably(std::int64_t offset, BytesView bytes) override;
+    bool isInPlace() override { return file_.isNamed(); }
 
 private:
     void putBack(std::int64_t offset, BytesView old, std::int64_t oldLength);

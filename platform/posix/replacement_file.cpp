@@ -20,10 +20,17 @@ mode_t modeFor(const std::optional<Status>& old) { return old ? 0600 : 0666; }
 
 void takeOver(const Descriptor& file, const Status& old) {
     const Status fresh = statusOf(file);
-    if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
-        if (fchown(file.number(), old.st_uid, old.st_gid) != 0 && errno != EPERM) {
+    // One by one: who may not give the file to its owner may still give it to the group that shares the folder.
+    const auto give = [&](uid_t owner, gid_t group) {
+        if (fchown(file.number(), owner, group) != 0 && errno != EPERM) {
             failFile();
         }
+    };
+    if (fresh.st_gid != old.st_gid) {
+        give(static_cast<uid_t>(-1), old.st_gid);
+    }
+    if (fresh.st_uid != old.st_uid) {
+        give(old.st_uid, static_cast<gid_t>(-1));
     }
     // After the change of owner, which may take permissions away.
     if ((statusOf(file).st_mode & permissionBits) != (old.st_mode & permissionBits) &&

@@ -44,6 +44,9 @@ std::unique_ptr<TableLock> TableLocks::claim(const std::string& path, mode_t kin
     std::erase_if(held_, [](const auto& claim) { return claim.second.expired(); });
     for (;;) {
         const std::optional<Status> status = statusOf(path);
+        if (!status && !saysNothingIsThere(errno)) {
+            failFile();
+        }
         if (!status || (status->st_mode & S_IFMT) != kind) {
             return std::make_unique<SharedClaim>();
         }

@@ -34,6 +34,29 @@ TEST(ClipCommands, CopyingPutsTypedTextAwayFirst) {
     world.expectAtRest();
 }
 
+TEST(ClipCommands, TheCopiedCellsStayOnTheClipboard) {
+    ClipCommandWorld world;
+    world.numbered(3, 1);
+    world.stand(2, 1);
+    world.zormod.selection = {1, 2, 3, 1, 1, 0};
+    world.forget();
+    world.table.run(u"mnuCLIP");
+    ASSERT_FALSE(world.clipboard.written.empty());
+    EXPECT_EQ(utf8(world.clipboard.written.back()), "n2        n3        " + utf8(world.zormod.speech.speechMark));
+    world.expectAtRest();
+}
+
+TEST(ClipCommands, TheNumberOfInsertedRecordsIsTheLastThatIsHeard) {
+    ClipCommandWorld world;
+    world.numbered(3, 2);
+    world.writeFile("ZORCLip", oneCell);
+    world.stand(2, 1);
+    world.table.run(u"mnuIPASTE");
+    const auto spoken = world.takeSpoken();
+    ASSERT_FALSE(spoken.empty());
+    EXPECT_EQ(spoken.back(), " 1業挿入されました。");
+}
+
 TEST(ClipCommands, CopyingWithoutARangeIsTold) {
     ClipCommandWorld world;
     world.dialogs.expectedMessages = 1;

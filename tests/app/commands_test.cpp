@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "edit/range_keys.h"
 #include "edit/status_update.h"
 #include "support/test_world.h"
 
@@ -68,6 +69,14 @@ TEST(CommandTable, TheHelpMenuShowsItsTextsInTheViewer) {
     }
 }
 
+TEST(CommandTable, TheHelpOfTheStartScreenTellsOfTheProgram) {
+    CommandWorld world;
+    world.writeFile("ロミカについて.txt", "abc\r\n");
+    world.table_.run(u"mnuH");
+    EXPECT_EQ(utf8(world.routines.viewer.text()), "abc\r");
+    EXPECT_THAT(utf8(world.forms.opened), ElementsAre("frmHelp"));
+}
+
 TEST(CommandTable, GoingBackToTheInputBoxRedrawsTheSheetAndKeepsWhatIsTyped) {
     CommandWorld world;
     world.openThreeRecords();
@@ -120,6 +129,17 @@ TEST(BindCommands, ReadingModesFollowTheirEntries) {
     EXPECT_EQ(world.zormod.speech.pinnedAutoRead, 1);
     world.table_.run(u"mnuDTKOFF");
     EXPECT_EQ(world.zormod.speech.speechMode, 0);
+}
+
+TEST(BindCommands, AKeyOfARangeLetGoInTheInputBoxSaysWhereTheRangeStands) {
+    CommandWorld world;
+    world.openThreeRecords();
+    world.table_.run(startRecordRangeCommand);
+    world.takeSpoken();
+    world.later();
+    world.table_.run(stepRangeCommand);
+    EXPECT_EQ(world.takeSpoken(),
+              std::vector<std::string>{"ｷﾞｮｳ1.ｷﾞｮｳﾊﾝｲ指定中．今のセルデータは1．ｷﾞｮｳ1から1指定ずみ"});
 }
 
 TEST(BindCommands, TheEndEntryEndsInOrder) {

@@ -1,7 +1,9 @@
 #include "app/entry.h"
 #include "edit/status_update.h"
+#include "platform/failure.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "support/faulty_files.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +23,17 @@ struct EntryWorld : TestWorld {
     }
     std::string native(const std::string& name) const { return folder.path() + "/" + name; }
     EditScreen edit;
+};
+
+/// Notes the reading mode in which a message comes.
+class NotingDialogs : public ScriptedDialogs {
+public:
+    void showMessage(const Text& text, const Text& title) override {
+        modeWhenTold = zormod->speech.speechMode;
+        ScriptedDialogs::showMessage(text, title);
+    }
+    const ZORMOD* zormod = nullptr;
+    int modeWhenTold = -1;
 };
 
 Text wide(const std::string& ascii) { return Text(ascii.begin(), ascii.end()); }
@@ -138,6 +151,22 @@ TEST(Entry, ATableWithoutAnItemFileIsRefusedAloudAndLeavesNoTable) {
     EXPECT_EQ(world.bytesOf("plain.txt"), "hello");
 }
 
+TEST(Entry, ARefusalIsToldInTheReadingModeOfTheLastRun) {
+    for (const int mode : {1, 2}) {
+        NotingDialogs dialogs;
+        TestWorld world({.dialogs = &dialogs});
+        dialogs.zormod = &world.zormod;
+        dialogs.expectedMessages = 1;
+        world.writeFile("zorTalk", " " + std::to_string(mode) + " \r\n");
+        EditScreen edit{world.zormod};
+        connectPositionBoxes(edit);
+        enterProgram(world.zormod);
+        openFromCommandLine(edit, u"none.txt");
+        EXPECT_EQ(dialogs.modeWhenTold, mode);
+        EXPECT_EQ(world.zormod.speech.speechMode, mode);
+    }
+}
+
 TEST(Entry, ADataFileThatCantBeOpenedIsToldWithItsName) {
     EntryWorld world;
     world.makeTable("t.txt", shape, {});
@@ -149,6 +178,34 @@ TEST(Entry, ADataFileThatCantBeOpenedIsToldWithItsName) {
     const Text name = (world.zormod.file.programFolder + u"t.txt").substr(2);
     EXPECT_EQ(world.dialogs.messages[0].text, name + u"はﾛﾐｶﾌｧｲﾙではありません");
     EXPECT_FALSE(hasTable(world.zormod));
+}
+
+TEST(Entry, ATableThatFailsWhileItIsShownEndsTheProgramWithItsReport) {
+    EntryWorld world;
+    world.makeTable("t.txt", shape, {{u"1", u"x"}});
+    FaultyFiles faulty(world.files);
+    // Opens the table with a fault at the `failing`th call, or with none, and gives the number of calls.
+    const auto openWithFault = [&](int failing) {
+        ZORMOD zormod(Platform{world.clipboard, world.clock, world.beeper, faulty, world.codePage, world.dialogs,
+                               world.screen, world.commands, world.forms, world.eventLoop, world.printer});
+        EditScreen edit{zormod};
+        connectPositionBoxes(edit);
+        enterProgram(zormod);
+        const int before = faulty.calls();
+        if (failing > 0) {
+            faulty.failAt(failing, FaultyFiles::Counted::calls);
+        }
+        openFromCommandLine(edit, u"t.txt");
+        return faulty.calls() - before;
+    };
+    const int calls = openWithFault(0);
+    try {
+        openWithFault(calls);
+        ADD_FAILURE() << "the last look at the file was not missed";
+    } catch (const FatalFailure& failure) {
+        EXPECT_EQ(failure.kind, FailureKind::file);
+        EXPECT_EQ(utf8(failure.report), "コマンドラインが異常です");
+    }
 }
 
 TEST(Entry, AMissingDataFileIsMadeEmpty) {

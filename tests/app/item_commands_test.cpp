@@ -137,6 +137,20 @@ TEST(ItemCommands, DeletingAllItemsIsRefusedBeforeAnythingIsAsked) {
     world.expectAtRest();
 }
 
+TEST(ItemCommands, WhenTheLastChosenItemIsDeletedAllTakeInputAgain) {
+    for (const bool isOneLeft : {false, true}) {
+        ItemCommandWorld world;
+        world.zormod.input.allItemsInput = 0;
+        world.zormod.items.itemInputMark[1] = 1;
+        world.zormod.items.itemInputMark[2] = isOneLeft ? 1 : 0;
+        world.select(3, 1, 1);
+        world.dialogs.answers = {Answer::yes};
+        world.table.run(u"mnuKILLITEM");
+        ASSERT_EQ(world.zormod.items.itemCount, 1);
+        EXPECT_EQ(world.zormod.input.allItemsInput, isOneLeft ? 0 : 1);
+    }
+}
+
 TEST(ItemCommands, WithTheIdItemAloneDeletingBeeps) {
     EditWorld world;
     CommandTable table;

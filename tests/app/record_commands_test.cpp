@@ -259,6 +259,7 @@ TEST(RecordCommands, AStopLeavesTheRecordsAndTheUserAtRest) {
     world.eventLoop.atTurn[2] = [&] { world.zormod.results.answers[0] = 1.0; };
     world.key(plainKey(Key::insert));
     EXPECT_EQ(world.names(), "n1 n2 n3 n4");
+    EXPECT_EQ(world.record(), 4) << "and not where the new ones would have come";
     world.expectAtRest();
 }
 

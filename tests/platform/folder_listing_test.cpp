@@ -19,6 +19,22 @@ TEST(FolderListing, SeparatesFoldersAndFilesInOrderAndHidesTheHidden) {
     EXPECT_EQ(contents.files, (std::vector<Text>{u"A.txt", u"b.txt", u"か.txt"}));
 }
 
+TEST(FolderListing, AListedNameLeadsToItsFileWhateverItHolds) {
+    TestWorld world;
+    for (const char* name : {"a\\b.txt", "c:d.txt", "\x96\xBC.txt", " e ", "\\"}) {
+        const std::string native = world.folder.path() + "/" + name;
+        world.writeFile(name, name);
+        const FolderContents contents = world.files.folderContents(world.zormod.file.programFolder);
+        ASSERT_EQ(contents.files.size(), 1U) << name;
+        EXPECT_EQ(world.files.readWhole(world.zormod.file.programFolder + contents.files[0], 100), name);
+        std::filesystem::remove(native);
+        std::filesystem::create_directory(native);
+        ASSERT_EQ(world.files.folderContents(world.zormod.file.programFolder).folders, contents.files) << name;
+        EXPECT_NO_THROW(world.files.folderContents(world.zormod.file.programFolder + contents.files[0])) << name;
+        std::filesystem::remove(native);
+    }
+}
+
 TEST(FolderListing, AFolderThatIsNotThereIsAFailure) {
     TestWorld world;
     EXPECT_THROW(world.files.folderContents(world.zormod.file.programFolder + u"none"), RuntimeFailure);

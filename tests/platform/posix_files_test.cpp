@@ -10,10 +10,13 @@
 
 #include <cerrno>
 #include <chrono>
+#include <grp.h>
 #include <limits>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -38,6 +41,107 @@ TEST(PosixFiles, FilesAndFoldersExistInEveryCase) {
     EXPECT_FALSE(world.files.exists(u"t.txt"));
     EXPECT_FALSE(world.files.exists(u"dangling"));
     EXPECT_FALSE(world.files.exists(u"kt.txt\\x"));
+}
+
+TEST(PosixFiles, AReplacedFileStaysWithTheGroupThatSharesIt) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can give a file away to begin with";
+    }
+    constexpr gid_t group = 4242;
+    constexpr uid_t member = 4243;
+    RealFolder world;
+    world.make("t", "old");
+    ASSERT_EQ(chown(world.native("t").c_str(), 0, group), 0);
+    fs::permissions(world.native("t"), fs::perms(0660));
+    fs::permissions(world.folder.path(), fs::perms(0777));
+    ForkedChild child([&](const ChildSide&) {
+        if (setgroups(1, &group) != 0 || setgid(member) != 0 || setuid(member) != 0) {
+            return false;
+        }
+        world.files.replaceWhole(u"t", "new");
+        return true;
+    });
+    ASSERT_EQ(child.end(), 0);
+    struct stat status {};
+    ASSERT_EQ(stat(world.native("t").c_str(), &status), 0);
+    EXPECT_EQ(status.st_gid, group);
+    EXPECT_EQ(status.st_mode & 07777, 0660U);
+    EXPECT_EQ(world.files.readWhole(u"t", 10), "new");
+}
+
+TEST(PosixFiles, ALinkThatCantBeReadIsNotReplacedByAFile) {
+    RealFolder world;
+    world.make("t", "old");
+    fs::create_symlink("t", world.native("link"));
+    ForkedChild child([&](const ChildSide&) {
+        failSystemCall(SYS_readlink, EIO);
+        try {
+            world.files.replaceWhole(u"link", "new");
+        } catch (const RuntimeFailure& failure) {
+            return failure.kind == FailureKind::file;
+        }
+        return false;
+    });
+    EXPECT_EQ(child.end(), 0);
+    EXPECT_TRUE(fs::is_symlink(world.native("link")));
+    EXPECT_EQ(world.files.readWhole(u"t", 10), "old");
+}
+
+TEST(PosixFiles, OneFileIsKnownByEveryRoadThatLeadsToIt) {
+    RealFolder world;
+    world.make("Kt.txt", "");
+    world.make("u.txt", "");
+    fs::create_directory_symlink(".", world.native("road"));
+    fs::create_symlink("Kt.txt", world.native("link"));
+    fs::create_symlink("nowhere", world.native("dangling"));
+    EXPECT_TRUE(world.files.isSameFile(u"kt.txt", world.files.currentFolder() + u"\\Kt.txt"));
+    EXPECT_TRUE(world.files.isSameFile(u"Kt.txt", u"road\\KT.txt"));
+    EXPECT_TRUE(world.files.isSameFile(u"link", u"Kt.txt"));
+    EXPECT_FALSE(world.files.isSameFile(u"Kt.txt", u"u.txt"));
+    EXPECT_FALSE(world.files.isSameFile(u"Kt.txt", u"gone"));
+    EXPECT_FALSE(world.files.isSameFile(u"gone", u"gone"));
+    EXPECT_FALSE(world.files.isSameFile(u"dangling", u"dangling"));
+    EXPECT_FALSE(world.files.isSameFile(u"B:\\Kt.txt", u"B:\\Kt.txt")) << "there is no such drive";
+}
+
+TEST(PosixFiles, AnOpenFileKnowsWhetherItsNameStillMeansIt) {
+    RealFolder world;
+    world.make("t", "x");
+    const auto random = world.files.openRandom(u"t");
+    const auto bulk = world.files.openBulk(u"t");
+    EXPECT_TRUE(random->isInPlace());
+    EXPECT_TRUE(bulk->isInPlace());
+    fs::rename(world.native("t"), world.native("moved"));
+    EXPECT_FALSE(random->isInPlace());
+    world.make("t", "x");
+    EXPECT_FALSE(random->isInPlace()) << "another file of the same name";
+    EXPECT_FALSE(bulk->isInPlace());
+}
+
+TEST(PosixFiles, WhatCantBeReplacedIsKnownBeforehand) {
+    RealFolder world;
+    world.make("t", "x");
+    fs::create_directory(world.native("folder"));
+    fs::create_directory(world.native("closed"));
+    world.make("closed/t", "x");
+    fs::create_symlink("closed/t", world.native("link"));
+    fs::permissions(world.native("closed/t"), fs::perms(0666));
+    world.make("mayBeRead", "x");
+    fs::permissions(world.native("mayBeRead"), fs::perms(0444));
+    fs::permissions(world.native("t"), fs::perms(0666));
+    fs::permissions(world.folder.path(), fs::perms(0777));
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
+        const auto refuses = [&](const Text& path) {
+            try {
+                world.files.expectReplaceable(path);
+            } catch (const RuntimeFailure& failure) {
+                return failure.kind == FailureKind::file;
+            }
+            return false;
+        };
+        return !refuses(u"t") && !refuses(u"new") && refuses(u"folder") && refuses(u"mayBeRead") &&
+               refuses(u"closed\\t") && refuses(u"link");
+    }));
 }
 
 TEST(PosixFiles, ReadsAWholeFileUpToTheLimit) {

@@ -170,16 +170,18 @@ TEST(TableLocks, AFileSystemWithoutLocksExcludesNobody) {
 }
 
 TEST(TableLocks, ADiskThatFailsIsNoFreeTable) {
-    RealFolder world;
-    world.make("t", "x");
-    ForkedChild child([&](const ChildSide&) {
-        failSystemCall(SYS_flock, EIO);
-        try {
-            world.files.lockTable(u"t");
-        } catch (const RuntimeFailure& failure) {
-            return failure.kind == FailureKind::file;
-        }
-        return false;
-    });
-    EXPECT_EQ(child.end(), 0);
+    for (const int call : {SYS_flock, SYS_newfstatat}) {
+        RealFolder world;
+        world.make("t", "x");
+        ForkedChild child([&](const ChildSide&) {
+            failSystemCall(call, EIO);
+            try {
+                world.files.lockTable(u"t");
+            } catch (const RuntimeFailure& failure) {
+                return failure.kind == FailureKind::file;
+            }
+            return false;
+        });
+        EXPECT_EQ(child.end(), 0) << call;
+    }
 }

@@ -5,9 +5,14 @@
 #include "safety/folder_image.h"
 #include "safety/guarded_run.h"
 #include "sheet/bulk_rewrite.h"
+#include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
 #include "start/table_opening.h"
+#include "structure/block_operations.h"
+#include "structure/clip_paste.h"
+#include "structure/record_operations.h"
 #include "support/file_size_limit.h"
+#include "support/folder_entries.h"
 #include "support/forked_child.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +20,9 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -65,6 +72,28 @@ BulkEnd swapTwo(ZORMOD& zormod, BulkRoad road) {
         run.copy(1, 1);
     });
 }
+
+/// A table of three gibibytes, of which the disk holds next to nothing: one record, and NULs.
+struct LongWorld : EditWorld {
+    static constexpr auto records = static_cast<std::int32_t>(3LL * 1024 * 1024 * 1024 / recordLength);
+
+    LongWorld() {
+        numbered(1);
+        fs::resize_file(folder.path() + "/t.txt", std::uintmax_t{records} * recordLength);
+        openTable("t.txt");
+        show();
+    }
+    /// One record as the disk has it.
+    std::string recordAt(std::int64_t record) const {
+        std::ifstream in(folder.path() + "/t.txt", std::ios::binary);
+        in.seekg((record - 1) * recordLength);
+        std::string bytes(recordLength, ' ');
+        in.read(bytes.data(), recordLength);
+        return bytes;
+    }
+};
+
+using Names = std::set<std::string>;
 
 } // namespace
 
@@ -207,6 +236,67 @@ TEST(BadFolders, ATableBehindALinkKeepsItsLink) {
     }
 }
 
+TEST(BadFolders, ALinkToAFileThatIsNotThereYetIsATableWithoutRecords) {
+    FolderWorld world;
+    world.make("t.txt");
+    fs::create_directory(world.native("real"));
+    fs::remove(world.native("t.txt"));
+    fs::create_symlink("real/t.txt", world.native("t.txt"));
+    RunningCopy copy(world);
+    EXPECT_EQ(heardOf(world, copy.zormod, [&] { EXPECT_TRUE(copy.open("t.txt")); }), nothing);
+    ASSERT_TRUE(hasTable(copy.zormod));
+    EXPECT_EQ(recordCount(copy.zormod), 0);
+    storeSlot(copy.zormod, currentSlot(copy.zormod), "x");
+    commitRecord(copy.zormod);
+    EXPECT_TRUE(fs::is_symlink(world.native("t.txt")));
+    EXPECT_EQ(world.bytesOf("real/t.txt"), endedRecord("x"));
+}
+
+TEST(BadFolders, ALinkThatLeadsNowhereIsToldOnceAndLeftAsItIs) {
+    const std::pair<std::string, std::string> namesOfAPair[] = {{"t.txt", "kt.txt"}, {"kt.txt", "t.txt"}};
+    for (const auto& [link, other] : namesOfAPair) {
+        // Into a folder that isn't there, to itself, and round a corner to itself.
+        for (const std::string& target : {std::string("nowhere/x"), link, std::string("corner")}) {
+            FolderWorld world;
+            world.make("t.txt");
+            fs::remove(world.native(link));
+            fs::create_symlink(target, world.native(link));
+            fs::create_symlink(link, world.native("corner"));
+            const std::string before = world.bytesOf(other);
+            RunningCopy copy(world);
+            EXPECT_EQ(heardOf(world, copy.zormod, [&] { EXPECT_FALSE(copy.open("t.txt")); }).size(), 1U) << target;
+            EXPECT_FALSE(hasTable(copy.zormod)) << target;
+            EXPECT_EQ(fs::read_symlink(world.native(link)), target);
+            EXPECT_EQ(entriesOf(world.folder.path()), (Names{"corner", "kt.txt", "t.txt"})) << target;
+            EXPECT_EQ(world.bytesOf(other), before) << target;
+        }
+    }
+}
+
+TEST(BadFolders, ATableInALinkedFolderStaysThereAndSoDoesTheLink) {
+    FolderWorld world;
+    fs::create_directory(world.native("real"));
+    world.make("t.txt");
+    for (const char* name : {"t.txt", "kt.txt"}) {
+        fs::rename(world.native(name), world.native(std::string("real/") + name));
+    }
+    fs::create_directory_symlink("real", world.native("road"));
+    RunningCopy copy(world);
+    ASSERT_TRUE(copy.open("road/t.txt"));
+    for (const auto& [road, first] : {std::pair(BulkRoad::workFile, "2"), std::pair(BulkRoad::inPlace, "1")}) {
+        EXPECT_EQ(swapTwo(copy.zormod, road), BulkEnd::done);
+        EXPECT_EQ(world.bytesOf("real/t.txt").substr(0, 1), first);
+    }
+    changeInPlace(copy.zormod, {.spans = {RecordSpan{2, 2}}}, [](RecordChanges& run) { run.write(2, "changed"); });
+    EXPECT_EQ(world.bytesOf("real/t.txt").substr(recordLength, 8), "changed ");
+    copy.zormod.file.tableMemo = u"other";
+    writeItemFile(copy.zormod, copy.zormod.file.fileName, copy.zormod.file.fileDrive);
+    EXPECT_NE(world.bytesOf("real/kt.txt").find("other"), std::string::npos);
+    EXPECT_TRUE(fs::is_symlink(world.native("road")));
+    EXPECT_EQ(entriesOf(world.native("real")), (Names{"kt.txt", "t.txt"}));
+    EXPECT_EQ(entriesOf(world.folder.path()), (Names{"real", "road"}));
+}
+
 TEST(BadFolders, ANameOutsideTheCodePageIsATableLikeAnyOther) {
     FolderWorld world;
     world.make("t.txt");
@@ -257,26 +347,57 @@ TEST(BadFolders, APathOfFourThousandBytesIsUsedOrRefusedButNeverHalfUsed) {
 }
 
 TEST(BadFolders, ATableOfThreeGibibytesIsWalkedAndGrowsAtOnce) {
-    EditWorld world;
-    world.numbered(1);
-    constexpr std::int64_t records = 3LL * 1024 * 1024 * 1024 / recordLength;
-    fs::resize_file(world.folder.path() + "/t.txt", records * recordLength);
-    world.openTable("t.txt");
-    world.show();
-    EXPECT_EQ(recordCount(world.zormod), records);
+    LongWorld world;
+    EXPECT_EQ(recordCount(world.zormod), LongWorld::records);
     world.press(ctrlKey(Key::down));
-    EXPECT_EQ(world.record(), records);
+    EXPECT_EQ(world.record(), LongWorld::records);
     world.press(Key::down);
     world.type(u"ende");
     world.enter();
     world.press(Key::up);
-    EXPECT_EQ(recordCount(world.zormod), records + 1);
-    std::ifstream in(world.folder.path() + "/t.txt", std::ios::binary);
-    in.seekg(records * recordLength);
-    std::string last(recordLength, ' ');
-    in.read(last.data(), recordLength);
+    EXPECT_EQ(recordCount(world.zormod), LongWorld::records + 1);
+    const std::string last = world.recordAt(LongWorld::records + 1);
     EXPECT_EQ(last.substr(0, 4), "ende");
     EXPECT_EQ(last.substr(254), "\r\n");
+}
+
+TEST(BadFolders, RecordsAtTheEndOfThreeGibibytesAreChangedWhereTheyStand) {
+    LongWorld world;
+    constexpr std::int32_t last = LongWorld::records;
+    world.press(ctrlKey(Key::down));
+    world.type(u"ende");
+    world.enter();
+    world.press(Key::up);
+    ASSERT_EQ(world.recordAt(last).substr(0, 4), "ende");
+    world.zormod.selection = {.selectionKind = 1, .selRecordFrom = last, .selRecordTo = last};
+    world.zormod.position.curRecord = last - 1;
+    world.zormod.position.curItem = 1;
+    copyBlock(world.zormod);
+    EXPECT_EQ(world.recordAt(last - 1).substr(4, 10), "ende      ");
+    EXPECT_EQ(world.recordAt(last).substr(0, 4), "ende");
+    EXPECT_EQ(recordCount(world.zormod), last);
+
+    world.writeFile("ZORCLip", " 2 \r\n 1 \r\n 2 \r\n 1 \r\n 1 \r\n\"clip1\"\r\n\"clip2\"\r\n");
+    world.zormod.position.curRecord = last;
+    pasteOver(world.zormod);
+    EXPECT_EQ(world.recordAt(last).substr(0, 14), "endeclip1     ");
+    EXPECT_EQ(world.recordAt(last + 1).substr(0, 14), "    clip2     ");
+    EXPECT_EQ(recordCount(world.zormod), last + 1);
+    EXPECT_EQ(entriesOf(world.folder.path()), (Names{"ZORCLip", "ZORCLip.bak", "kt.txt", "t.txt"}));
+}
+
+TEST(BadFolders, AnInsertionIntoThreeGibibytesThatFindsNoRoomLeavesThemAsTheyAre) {
+    LongWorld world;
+    world.stand(LongWorld::records, 0);
+    {
+        const FileSizeLimit full(1 << 20);
+        EXPECT_EQ(heardOf(world, world.zormod, [&] { insertRecords(world.zormod, 1); }), fileFailure);
+    }
+    ASSERT_TRUE(hasTable(world.zormod));
+    EXPECT_EQ(recordCount(world.zormod), LongWorld::records);
+    EXPECT_EQ(world.recordAt(1).substr(4, 3), "n1 ");
+    EXPECT_EQ(world.recordAt(LongWorld::records), std::string(recordLength, '\0'));
+    EXPECT_EQ(entriesOf(world.folder.path()), (Names{"kt.txt", "t.txt"}));
 }
 
 TEST(BadFolders, ATableCutBehindTheProgramsBackIsToldAndNotFilledUpAgain) {

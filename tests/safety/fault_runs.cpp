@@ -3,6 +3,8 @@
 #include "safety/folder_image.h"
 #include "safety/guarded_run.h"
 #include "safety/system_calls.h"
+#include "sheet/bulk_rewrite.h"
+#include "sheet/change_in_place.h"
 #include "sheet/item_file.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
@@ -24,6 +26,7 @@ struct CleanRun {
     FolderImage after;
     std::vector<DiskStep> steps;
     SimulatedDisk disk;
+    std::size_t told; ///< messages that the user heard
 };
 
 /// Makes temporary folders in memory, where there is a disk in memory: what is durable is worked out, not measured.
@@ -61,8 +64,20 @@ CleanRun cleanRun(const WritingOperation& operation) {
     }
     const FolderImage before = imageOf(world.folder.path());
     CallWatch watch(world.folder.path());
-    runGuarded(world, copy.zormod, [&] { operation.run(world, copy.zormod); });
-    return {before, imageOf(world.folder.path()), watch.steps(), SimulatedDisk(before, watch)};
+    const std::size_t told = runGuarded(world, copy.zormod, [&] { operation.run(world, copy.zormod); });
+    return {before, imageOf(world.folder.path()), watch.steps(), SimulatedDisk(before, watch), told};
+}
+
+/// True for what only a run that is still going on may have in the folder.
+bool isOfARun(const std::string& path) {
+    const std::string name = path.substr(path.rfind('/') + 1);
+    return name.starts_with('.') || name.ends_with(".QQQ") || name.ends_with(".qqq");
+}
+
+/// The most that a user should have to hear of one failure. On a disk that fails for good each routine that meets it says
+/// so: the operation itself, the refusal of an item file that can't even be read, and the report of the failure.
+std::size_t mostTold(const CallFault& fault) {
+    return !fault.fromThenOn ? 1 : fault.error == EIO ? 3 : 2;
 }
 
 /// What is wrong with a program that goes on after a failure.
@@ -110,9 +125,23 @@ std::vector<std::string> stateProblems(TestWorld& world, ZORMOD& zormod, bool ro
 /// True if the operation has done its work; what is left to tidy at the next opening may stand beside it.
 bool isDone(const FolderImage& now, const CleanRun& clean) {
     const auto hasAll = [&](const auto& file) { return now.contains(file.first) && now.at(file.first) == file.second; };
-    const auto isGone = [&](const auto& file) { return clean.after.contains(file.first) || !now.contains(file.first); };
+    const auto isGone = [&](const auto& file) {
+        return clean.after.contains(file.first) || !now.contains(file.first) || isOfARun(file.first);
+    };
     return std::all_of(clean.after.begin(), clean.after.end(), hasAll) &&
            std::all_of(clean.before.begin(), clean.before.end(), isGone);
+}
+
+/// At most `count` of `all`, from its beginning to its end.
+template <typename Element> std::vector<Element> evenlyChosen(const std::vector<Element>& all, std::size_t count) {
+    if (all.size() <= count) {
+        return all;
+    }
+    std::vector<Element> chosen;
+    for (std::size_t i = 0; i < count; ++i) {
+        chosen.push_back(all[i * all.size() / count]);
+    }
+    return chosen;
 }
 
 /// One loop of an operation over the states and the faults, with its report.
@@ -126,10 +155,20 @@ public:
 private:
     using Images = std::set<FolderImage>;
 
+    /// An untouched run that changes nothing, is refused or leaves something lying about would make all of this blind.
+    void judgeCleanRun();
+    /// Runs `run` for 1, 2, 3 ... until it returns false: the nth call that could be spoilt wasn't made any more.
+    void forEachCall(const std::function<bool(int)>& run);
     void fails(const CallFault& fault);
     bool failsAt(int n, const CallFault& fault);
+    void useTheTable(const std::string& where, ZORMOD& zormod, int n);
+    bool syncFailsAt(int n);
     void crash(bool powerCut);
     void spoilRecovery();
+    bool recoveryFailsAt(int n, const FolderImage& image, const CallFault& fault);
+    void cutOffRecovery(SimulatedDisk disk, const FolderImage& image);
+    /// What is killed may still be in the system's memory alone while the next opening puts it right.
+    void cutOffRecoveryOfAKill();
     void changeMeanwhile();
     /// Ways in which a table in the state `image` may be changed before its next opening, each with its judgement.
     void bringBack(const FolderImage& image);
@@ -159,6 +198,7 @@ private:
 };
 
 FaultReport FaultRuns::run(FaultWay way) {
+    judgeCleanRun();
     switch (way) {
     case FaultWay::failsOnce:
     case FaultWay::failsFromThenOn:
@@ -173,8 +213,12 @@ FaultReport FaultRuns::run(FaultWay way) {
     case FaultWay::powerCut:
         crash(way == FaultWay::powerCut);
         break;
+    case FaultWay::syncFails:
+        forEachCall([&](int n) { return syncFailsAt(n); });
+        break;
     case FaultWay::recoveryFails:
         spoilRecovery();
+        cutOffRecoveryOfAKill();
         break;
     case FaultWay::changedMeanwhile:
         changeMeanwhile();
@@ -189,10 +233,33 @@ void FaultRuns::judge(const std::string& where, const std::vector<std::string>& 
     }
 }
 
-void FaultRuns::fails(const CallFault& fault) {
-    for (int n = 1; n < mostCalls && failsAt(n, fault); ++n) {
+void FaultRuns::judgeCleanRun() {
+    if (clean_.told != 0) {
+        judge("untouched", {"the user was told " + std::to_string(clean_.told) + " times"});
+    }
+    if (clean_.before == clean_.after) {
+        judge("untouched", {"nothing changes"});
+    }
+    for (const auto& [name, bytes] : clean_.after) {
+        if (isOfARun(name)) {
+            judge("untouched", {name + " is left"});
+        }
+    }
+}
+
+void FaultRuns::forEachCall(const std::function<bool(int)>& run) {
+    int n = 1;
+    while (n < mostCalls && run(n)) {
+        ++n;
         ++report_.points;
     }
+    if (n == mostCalls) {
+        judge("after " + std::to_string(n) + " calls", {"there is no end"});
+    }
+}
+
+void FaultRuns::fails(const CallFault& fault) {
+    forEachCall([&](int n) { return failsAt(n, fault); });
 }
 
 bool FaultRuns::failsAt(int n, const CallFault& fault) {
@@ -212,13 +279,10 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
         if (!met) {
             return false;
         }
-        // On a disk that fails for good each routine that meets it says so: the operation itself, the refusal of an item
-        // file that can't even be read, and the report of the failure.
-        const std::size_t most = !fault.fromThenOn ? 1 : fault.error == EIO ? 3 : 2;
-        if (told > most) {
+        if (told > mostTold(fault)) {
             judge(where, {"the user was told " + std::to_string(told) + " times"});
         }
-        if (told == 0 && !isDone(imageOf(folder()), clean_)) {
+        if (told == 0 && !operation_.failsInSilence && !isDone(imageOf(folder()), clean_)) {
             judge(where, {"the user was not told"});
         }
         judge(where, stateProblems(world_, zormod, operation_.writesRow, operation_.formMayStay));
@@ -228,10 +292,65 @@ bool FaultRuns::failsAt(int n, const CallFault& fault) {
                 watch.steps().back().kind != DiskStep::Kind::syncFile) {
                 judge(where, {"the next leave did not write the typed row"});
             }
+        } else if (!operation_.next && !operation_.formMayStay && hasTable(zormod)) {
+            useTheTable(where, zormod, n);
         }
         closeTable(zormod);
     }
     openAndJudge(where);
+    return true;
+}
+
+void FaultRuns::useTheTable(const std::string& where, ZORMOD& zormod, int n) {
+    // Nothing that changes it: whatever the failed operation has left is worked off by either of these.
+    const std::size_t told = runGuarded(world_, zormod, [&] {
+        if (n % 2 == 0) {
+            bulkRewrite(zormod, {.name = u"記録移動中"}, [](BulkRun& run) {
+                run.forEach(1, run.records(), [&](const Bytes& row) { run.writeAsIs(row); });
+            });
+        } else {
+            changeInPlace(zormod, {.name = u"記録移動中", .spans = {{1, 1}}}, [](RecordChanges&) {});
+        }
+    });
+    if (told != 0) {
+        judge(where, {"the next operation failed"});
+    }
+    judge(where, stateProblems(world_, zormod, false, false));
+}
+
+bool FaultRuns::syncFailsAt(int n) {
+    const std::string where = "sync " + std::to_string(n);
+    restore(folder(), clean_.before);
+    std::vector<DiskStep> steps;
+    std::vector<SimulatedDisk> disk;
+    {
+        RunningCopy copy(world_);
+        if (operation_.opensTable) {
+            copy.open(operation_.dataFile());
+        }
+        CallWatch watch(folder());
+        disk.emplace_back(clean_.before, watch);
+        watch.failAt(n, {.error = EIO, .onlySyncs = true});
+        runGuarded(world_, copy.zormod, [&] { operation_.run(world_, copy.zormod); });
+        const bool met = watch.faults() > 0;
+        closeTable(copy.zormod);
+        if (!met) {
+            return false;
+        }
+        steps = watch.steps();
+    }
+    for (const bool hadArrived : {false, true}) {
+        SimulatedDisk after = disk.front();
+        for (DiskStep step : steps) {
+            const bool arrives = hadArrived && step.kind == DiskStep::Kind::syncFailed;
+            step.kind = arrives ? DiskStep::Kind::syncFile : step.kind;
+            after.apply(step);
+        }
+        for (const FolderImage& image : statesOf(after, {}, true)) {
+            restore(folder(), image);
+            openAndJudge(where + (hadArrived ? " failed behind its data" : " failed"));
+        }
+    }
     return true;
 }
 
@@ -291,50 +410,77 @@ std::vector<FolderImage> FaultRuns::unfinishedStates() const {
             unfinished.push_back(image);
         }
     }
-    if (unfinished.size() <= scope_.mostStates) {
-        return unfinished;
+    return evenlyChosen(unfinished, scope_.mostStates);
+}
+
+bool FaultRuns::recoveryFailsAt(int n, const FolderImage& image, const CallFault& fault) {
+    const std::string where = "recovery failing at call " + std::to_string(n) + " of error " + std::to_string(fault.error);
+    restore(folder(), image);
+    bool met = false;
+    {
+        RunningCopy copy(world_);
+        CallWatch watch(folder());
+        watch.failAt(n, fault);
+        const std::size_t told = runGuarded(world_, copy.zormod, [&] { next(copy); });
+        met = watch.faults() > 0;
+        watch.heal();
+        if (told > mostTold(fault)) {
+            judge(where, {"the user was told " + std::to_string(told) + " times"});
+        }
+        if (told == 0 && !hasTable(copy.zormod)) {
+            judge(where, {"no table, and the user was not told"});
+        }
+        judge(where, stateProblems(world_, copy.zormod, false, false));
+        closeTable(copy.zormod);
     }
-    std::vector<FolderImage> chosen;
-    for (std::size_t i = 0; i < scope_.mostStates; ++i) {
-        chosen.push_back(unfinished[i * unfinished.size() / scope_.mostStates]);
-    }
-    return chosen;
+    openAndJudge(where);
+    return met;
 }
 
 void FaultRuns::spoilRecovery() {
     for (const FolderImage& image : unfinishedStates()) {
-        for (const bool fromThenOn : {false, true}) {
-            bool met = true;
-            for (int n = 1; met && n < mostCalls; ++n) {
-                restore(folder(), image);
-                {
-                    RunningCopy copy(world_);
-                    CallWatch watch(folder());
-                    watch.failAt(n, {.error = EIO, .fromThenOn = fromThenOn});
-                    runGuarded(world_, copy.zormod, [&] { next(copy); });
-                    met = watch.faults() > 0;
-                    closeTable(copy.zormod);
-                }
-                report_.points += met ? 1 : 0;
-                openAndJudge("recovery failing at call " + std::to_string(n));
+        for (const int error : scope_.recoveryErrors) {
+            for (const bool fromThenOn : {false, true}) {
+                forEachCall([&](int n) {
+                    return recoveryFailsAt(n, image, {.error = error, .fromThenOn = fromThenOn});
+                });
             }
         }
         restore(folder(), image);
-        std::vector<DiskStep> steps;
-        std::vector<SimulatedDisk> disk;
-        {
-            RunningCopy copy(world_);
-            CallWatch watch(folder());
-            disk.emplace_back(image, watch);
-            runGuarded(world_, copy.zormod, [&] { next(copy); });
-            closeTable(copy.zormod);
-            steps = watch.steps();
+        const SimulatedDisk disk(image, CallWatch(folder())); // of which all is durable
+        cutOffRecovery(disk, image);
+    }
+}
+
+void FaultRuns::cutOffRecovery(SimulatedDisk disk, const FolderImage& image) {
+    restore(folder(), image);
+    std::vector<DiskStep> steps;
+    {
+        RunningCopy copy(world_);
+        const CallWatch watch(folder());
+        disk.goOnUnder(watch);
+        runGuarded(world_, copy.zormod, [&] { next(copy); });
+        closeTable(copy.zormod);
+        steps = watch.steps();
+    }
+    for (const FolderImage& second : statesOf(disk, steps, true)) {
+        restore(folder(), second);
+        ++report_.points;
+        openAndJudge("recovery cut off, state " + std::to_string(report_.points));
+    }
+}
+
+void FaultRuns::cutOffRecoveryOfAKill() {
+    std::vector<SimulatedDisk> killed;
+    SimulatedDisk disk = clean_.disk;
+    for (const DiskStep& step : clean_.steps) {
+        disk.apply(step);
+        if (!problemsOf(disk.afterKill(), clean_.before, clean_.after, operation_).empty()) {
+            killed.push_back(disk);
         }
-        for (const FolderImage& second : statesOf(disk.front(), steps, true)) {
-            restore(folder(), second);
-            ++report_.points;
-            openAndJudge("recovery cut off, state " + std::to_string(report_.points));
-        }
+    }
+    for (const SimulatedDisk& state : evenlyChosen(killed, scope_.mostStates)) {
+        cutOffRecovery(state, state.afterKill());
     }
 }
 
@@ -461,6 +607,8 @@ std::string nameOf(FaultWay way) {
         return "kill";
     case FaultWay::powerCut:
         return "power cut";
+    case FaultWay::syncFails:
+        return "a sync fails";
     case FaultWay::recoveryFails:
         return "again in recovery";
     case FaultWay::changedMeanwhile:
@@ -470,7 +618,9 @@ std::string nameOf(FaultWay way) {
 }
 
 FaultScope faultScope() {
-    return std::getenv("ROMIKA_LONG") == nullptr ? FaultScope{} : FaultScope{.randomCuts = 200, .mostStates = 1000};
+    return std::getenv("ROMIKA_LONG") == nullptr
+               ? FaultScope{}
+               : FaultScope{.randomCuts = 200, .mostStates = 1000, .recoveryErrors = {EIO, ENOSPC, EACCES}};
 }
 
 FaultReport runWithFaults(const WritingOperation& operation, FaultWay way, const FaultScope& scope) {

@@ -5,6 +5,7 @@
 
 #include "safety/writing_operations.h"
 
+#include <cerrno>
 #include <string>
 #include <vector>
 
@@ -15,13 +16,15 @@ enum class FaultWay {
     shortWrite,       ///< half of a write is done, and no more after it
     kill,             ///< the program is killed between two system calls
     powerCut,         ///< the same, and what was not synced is lost or torn
+    syncFails,        ///< one sync fails, the program goes on, and what was not synced is lost or torn later
     recoveryFails,    ///< killed or cut off, and the recovery at the next opening fails, or is cut off, too
     changedMeanwhile, ///< killed or cut off, and the table was edited, brought back or moved before the next opening
 };
 
 inline constexpr FaultWay allFaultWays[] = {FaultWay::failsOnce,     FaultWay::failsFromThenOn, FaultWay::shortWrite,
                                             FaultWay::kill,          FaultWay::powerCut,
-                                            FaultWay::recoveryFails, FaultWay::changedMeanwhile};
+                                            FaultWay::syncFails,     FaultWay::recoveryFails,
+                                            FaultWay::changedMeanwhile};
 
 /// The way in words, for tests and for the table of results.
 std::string nameOf(FaultWay way);
@@ -36,6 +39,7 @@ struct FaultReport {
 struct FaultScope {
     int randomCuts = 16;         ///< states tried at random for each step of a power cut
     std::size_t mostStates = 12; ///< states of the disk from which recoveries are spoilt
+    std::vector<int> recoveryErrors = {EIO}; ///< with which calls of a recovery fail
     bool losesSyncs = false;     ///< the disk says that files are synced and isn't true to it: shows what the runs notice
 };
 /// The short scope, or, with the environment variable ROMIKA_LONG, the long one.

@@ -23,6 +23,33 @@ SimulatedDisk::SimulatedDisk(const FolderImage& start, const CallWatch& watch) {
     durableNames_ = names_;
 }
 
+void SimulatedDisk::goOnUnder(const CallWatch& watch) {
+    std::map<int, int> numbers;
+    for (const auto& [path, file] : names_) {
+        numbers[file] = watch.numberOf(path);
+    }
+    // What has no name any more but may get one back by a power cut.
+    int unnamed = 0;
+    for (const auto& [file, contents] : files_) {
+        unnamed = std::min(unnamed, file);
+    }
+    std::map<int, Contents> files;
+    for (auto& [file, contents] : files_) {
+        const auto known = numbers.find(file);
+        const int number = known == numbers.end() ? (numbers[file] = --unnamed) : known->second;
+        files[number] = std::move(contents);
+    }
+    files_ = std::move(files);
+    for (Names* const names : {&names_, &durableNames_}) {
+        for (auto& [path, file] : *names) {
+            file = numbers.at(file);
+        }
+    }
+    for (NameChange& waiting : unsynced_) {
+        waiting.file = waiting.added.empty() ? 0 : numbers.at(waiting.file);
+    }
+}
+
 void SimulatedDisk::apply(const DiskStep& step) {
     using Kind = DiskStep::Kind;
     switch (step.kind) {
@@ -58,6 +85,7 @@ void SimulatedDisk::apply(const DiskStep& step) {
     case Kind::unlink:
         change({folderOf(step.path), step.path, {}, 0});
         break;
+    case Kind::syncFailed:
     case Kind::makeFolder:
         break; // only files are compared
     }

@@ -30,6 +30,8 @@ public:
     /// A folder in which everything is durable. `watch` tells the numbers of its files.
     SimulatedDisk(const FolderImage& start, const CallWatch& watch);
 
+    /// The steps to come are seen by `watch`, which has found the files as they are and given them numbers of its own.
+    void goOnUnder(const CallWatch& watch);
     /// Takes one more step.
     void apply(const DiskStep& step);
     /// What is there after a kill of the program: all steps count.

@@ -14,7 +14,7 @@ using Kind = DiskStep::Kind;
 std::string wordsOf(const CallWatch& watch) {
     static const std::map<Kind, std::string> words = {
         {Kind::create, "create"},          {Kind::write, "write"},   {Kind::setLength, "length"}, {Kind::syncFile, "sync"},
-        {Kind::syncFolder, "sync-folder"}, {Kind::rename, "rename"}, {Kind::unlink, "unlink"},    {Kind::makeFolder, "folder"}};
+        {Kind::syncFailed, "sync-failed"}, {Kind::syncFolder, "sync-folder"}, {Kind::rename, "rename"}, {Kind::unlink, "unlink"},    {Kind::makeFolder, "folder"}};
     std::string text;
     for (const DiskStep& step : watch.steps()) {
         text += (text.empty() ? "" : " ") + words.at(step.kind);

@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstdarg>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <map>
@@ -29,6 +30,12 @@ int __real_flock(int file, int operation);
 int __real_fchmod(int file, mode_t mode);
 int __real_fstat(int file, struct stat* status);
 int __real_stat(const char* path, struct stat* status);
+int __real_lstat(const char* path, struct stat* status);
+ssize_t __real_readlink(const char* path, char* into, size_t count);
+DIR* __real_opendir(const char* path);
+dirent* __real_readdir(DIR* folder);
+int __real_faccessat(int folder, const char* path, int mode, int flags);
+int __real_fchown(int file, uid_t owner, gid_t group);
 }
 
 namespace {
@@ -45,6 +52,9 @@ FileKey keyOf(const struct stat& status) { return {status.st_dev, status.st_ino}
 bool canFail(CallClass call, const CallFault& fault) {
     if (fault.shortWrite) {
         return call == CallClass::writes;
+    }
+    if (fault.onlySyncs) {
+        return call == CallClass::syncs;
     }
     switch (fault.error) {
     case ENOSPC:
@@ -82,7 +92,7 @@ struct CallWatch::State {
     std::optional<std::string> below(int file) const {
         std::array<char, PATH_MAX> room{};
         const std::string link = "/proc/self/fd/" + std::to_string(file);
-        const ssize_t length = readlink(link.c_str(), room.data(), room.size());
+        const ssize_t length = __real_readlink(link.c_str(), room.data(), room.size());
         return length < 0 ? std::nullopt : below(std::string(room.data(), static_cast<std::size_t>(length)));
     }
     int numberOf(int file) {
@@ -137,12 +147,15 @@ bool isOnSecondDisk(const std::string& path) { return !secondDisk.empty() && pat
 
 bool isThere(const char* path) {
     struct stat status {};
-    return lstat(path, &status) == 0;
+    return __real_lstat(path, &status) == 0;
 }
 
 int sync(int file, int (*real)(int)) {
     auto* watch = watchOf(file);
     if (watch != nullptr && watch->fails(CallClass::syncs)) {
+        const int error = errno;
+        watch->steps.push_back({.kind = Kind::syncFailed, .file = watch->numberOf(file)});
+        errno = error;
         return -1;
     }
     const int result = syncsArePretended ? 0 : real(file);
@@ -277,6 +290,11 @@ int __wrap_fchmod(int file, mode_t mode) {
     return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_fchmod(file, mode);
 }
 
+int __wrap_fchown(int file, uid_t owner, gid_t group) {
+    auto* watch = watchOf(file);
+    return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_fchown(file, owner, group);
+}
+
 int __wrap_fstat(int file, struct stat* status) {
     auto* watch = watchOf(file);
     return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_fstat(file, status);
@@ -285,6 +303,36 @@ int __wrap_fstat(int file, struct stat* status) {
 int __wrap_stat(const char* path, struct stat* status) {
     auto* watch = watchOf(std::string(path));
     return watch != nullptr && isThere(path) && watch->fails(CallClass::reads) ? -1 : __real_stat(path, status);
+}
+
+int __wrap_lstat(const char* path, struct stat* status) {
+    auto* watch = watchOf(std::string(path));
+    return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_lstat(path, status);
+}
+
+ssize_t __wrap_readlink(const char* path, char* into, size_t count) {
+    auto* watch = watchOf(std::string(path));
+    return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_readlink(path, into, count);
+}
+
+int __wrap_faccessat(int folder, const char* path, int mode, int flags) {
+    auto* watch = watchOf(std::string(path));
+    return watch != nullptr && watch->fails(CallClass::reads) ? -1 : __real_faccessat(folder, path, mode, flags);
+}
+
+DIR* __wrap_opendir(const char* path) {
+    auto* watch = watchOf(std::string(path));
+    return watch != nullptr && watch->fails(CallClass::reads) ? nullptr : __real_opendir(path);
+}
+
+dirent* __wrap_readdir(DIR* folder) {
+    const int error = errno; // by which the caller tells the end from a failure
+    auto* watch = watchOf(dirfd(folder));
+    if (watch != nullptr && watch->fails(CallClass::reads)) {
+        return nullptr;
+    }
+    errno = error;
+    return __real_readdir(folder);
 }
 
 } // extern "C"

@@ -19,6 +19,7 @@ struct DiskStep {
         write,      ///< `bytes` at `offset` of `file`
         setLength,  ///< `file` cut or stretched to `offset` bytes
         syncFile,   ///< what was written to `file` is durable
+        syncFailed, ///< whether any of what was written to `file` is durable, nobody knows
         syncFolder, ///< what was done to the names in the folder `path` is durable
         rename,     ///< `path` became `target`
         unlink,     ///< `path` went away
@@ -37,6 +38,7 @@ struct CallFault {
     int error = 0;          ///< ENOSPC, EIO or EACCES; only calls that can fail so are counted
     bool fromThenOn = false;
     bool shortWrite = false; ///< only writes are counted; half is written, what follows fails with `error`
+    bool onlySyncs = false;  ///< only syncs are counted
 };
 
 /// Watches one folder. Only one may live at a time.

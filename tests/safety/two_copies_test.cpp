@@ -204,6 +204,18 @@ TEST(TwoCopies, ATableThatTheOtherReplacesJustNowIsClaimedAsTheFileThatItIsByThe
     }
 }
 
+TEST(TwoCopies, ADataFileThatTheOtherHasClaimedJustNowIsNotOpened) {
+    CopiesWorld world;
+    RunningCopy one(world);
+    RunningCopy other(world);
+    ASSERT_TRUE(other.open("t.txt"));
+    one.zormod.file = other.zormod.file;
+    EXPECT_THROW(openDataFile(one.zormod), RuntimeFailure);
+    EXPECT_FALSE(hasTable(one.zormod));
+    other.zormod.files.tableLock.reset();
+    EXPECT_NO_THROW(openDataFile(one.zormod));
+}
+
 TEST(TwoCopies, OneWorkFolderServesOneRewriteAtATime) {
     CopiesWorld world;
     const std::string u = world.bytesOf("u.txt");

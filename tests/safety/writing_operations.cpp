@@ -1,11 +1,13 @@
 #include "safety/writing_operations.h"
 
 #include "edit/table_memo.h"
+#include "output/pdf_target.h"
 #include "sheet/bulk_world.h"
 #include "sheet/change_in_place.h"
 #include "sheet/record_file.h"
 #include "start/file_choice.h"
 #include "start/model_files.h"
+#include "start/sample_board.h"
 #include "start/table_opening.h"
 #include "structure/alignment_change.h"
 #include "structure/block_operations.h"
@@ -54,12 +56,38 @@ void changeDesign(TestWorld& world, ZORMOD& zormod, Answer rewrite) {
     acceptDesign(design);
 }
 
-void deleteOtherTable(ZORMOD& zormod) {
+/// Gives the design of the open table to the table b.txt, too.
+void designOtherTable(TestWorld& world, ZORMOD& zormod) {
+    zormod.taskWord = u"tdesign";
+    TableDesign design(zormod);
+    design.rows[1] = {u"氏名", u"L", u"6"};
+    design.text3 = world.zormod.file.programFolder + u"b.txt";
+    acceptDesign(design);
+}
+
+/// Pastes the clip over the records from 6 on and stops it at its second one.
+void stopPaste(TestWorld& world, ZORMOD& zormod) {
+    zormod.position = {.curRecord = 6, .curItem = 1};
+    struct StopAtTurn {
+        FakeEventLoop& loop;
+        ~StopAtTurn() { loop.atTurn.clear(); }
+    };
+    const StopAtTurn stop{world.eventLoop};
+    stop.loop.atTurn[stop.loop.turns + 2] = [&zormod] { zormod.results.answers[0] = 1.0; };
+    pasteOver(zormod);
+}
+
+void deleteOtherTable(TestWorld& world, ZORMOD& zormod) {
     zormod.taskWord = Text(deleteFileWord);
     FileChoice choice(zormod);
     const auto& names = choice.folders().files();
-    choice.folders().selectFile(static_cast<int>(std::find(names.begin(), names.end(), u"kb.txt") - names.begin()));
-    choice.carryOut();
+    const auto found = std::find(names.begin(), names.end(), u"kb.txt");
+    if (found == names.end()) {
+        world.dialogs.showMessage(u"the list is another one", {}); // which the user hears on the way to the table
+    } else {
+        choice.folders().selectFile(static_cast<int>(found - names.begin()));
+        choice.carryOut();
+    }
     choice.giveUp();
 }
 
@@ -73,6 +101,13 @@ void endProgram(ZORMOD& zormod) {
 
 void makeOtherTable(TestWorld& world) {
     world.makeTable("b.txt", {{u"ID", u"L", 4}, {u"品名", u"L", 8}}, {{u"1", u"x"}});
+}
+
+void makeOtherTableWithLeftovers(TestWorld& world) {
+    makeOtherTable(world);
+    for (const char* name : {".change-b.txt", ".swap-b.txt", ".new-b.txt"}) {
+        world.writeFile(name, "half of something");
+    }
 }
 
 void makeModelSources(TestWorld& world) {
@@ -93,7 +128,7 @@ void openNewTable(TestWorld& world, RunningCopy& copy) {
     }
 }
 
-void openTheModel(TestWorld&, RunningCopy& copy) { openModel(copy.zormod, 1); }
+void openTheModel(TestWorld& world, RunningCopy& copy) { putModelInPlace(world, copy.zormod); }
 
 void select(ZORMOD& zormod, std::int32_t from, std::int32_t to) {
     zormod.selection = {.selectionKind = 2, .selRecordFrom = from, .selRecordTo = to, .selItemFrom = 0, .selItemTo = 1};
@@ -206,6 +241,10 @@ void addPasteOperations(std::vector<WritingOperation>& list) {
                             pasteOver(zormod);
                         },
                     .first = {"ZORCLip.bak"}});
+    list.push_back({.name = "A paste over is stopped",
+                    .prepare = makeClipAndBackup,
+                    .run = stopPaste,
+                    .first = {"ZORCLip.bak"}});
     list.push_back({.name = "The clip file is inserted",
                     .prepare = makeClipAndBackup,
                     .run =
@@ -258,6 +297,11 @@ std::vector<WritingOperation> makeList() {
     list.push_back({.name = "The design is changed, records kept",
                     .run = [](TestWorld& world, ZORMOD& zormod) { changeDesign(world, zormod, Answer::no); },
                     .formMayStay = true});
+    list.push_back({.name = "The design goes to another table",
+                    .prepare = makeOtherTable,
+                    .run = designOtherTable,
+                    .formMayStay = true,
+                    .next = [](TestWorld&, RunningCopy& copy) { copy.open("b.txt"); }});
     list.push_back({.name = "A model is put in place and opened",
                     .prepare = makeModelSources,
                     .run = putModelInPlace,
@@ -266,9 +310,26 @@ std::vector<WritingOperation> makeList() {
                     .next = openTheModel});
     list.push_back({.name = "A table is deleted",
                     .prepare = makeOtherTable,
-                    .run = [](TestWorld&, ZORMOD& zormod) { deleteOtherTable(zormod); },
+                    .run = deleteOtherTable,
                     .pairs = {{"t.txt", "kt.txt"}, {"b.txt", "kb.txt"}},
                     .goneAlone = {"b.txt"}});
+    list.push_back({.name = "A table with the rest of killed operations is deleted",
+                    .prepare = makeOtherTableWithLeftovers,
+                    .run = deleteOtherTable,
+                    .pairs = {{"t.txt", "kt.txt"}, {"b.txt", "kb.txt"}},
+                    .goneAlone = {"b.txt"}});
+    list.push_back({.name = "The scoring board of the samples is made anew",
+                    .prepare = [](TestWorld& world) {
+                        world.writeFile("サンプル試験結果.0__", "as delivered");
+                        world.writeFile("サンプル試験結果.000", "as changed by the user");
+                    },
+                    .run = [](TestWorld&, ZORMOD& zormod) { copy000(zormod); },
+                    .failsInSilence = true});
+    list.push_back({.name = "A printed page is kept as a file",
+                    .prepare = [](TestWorld& world) { world.writeFile("p.pdf", "of yesterday"); },
+                    .run = [](TestWorld& world, ZORMOD& zormod) {
+                        keepPdf(zormod, world.zormod.file.programFolder + u"p.pdf", "of today");
+                    }});
     list.push_back({.name = "The settings are kept at the end",
                     .prepare = [](TestWorld& world) { world.writeFile("zorTalk", " 1 \r\n"); },
                     .run = [](TestWorld&, ZORMOD& zormod) { endProgram(zormod); }});

@@ -42,6 +42,8 @@ struct WritingOperation {
     std::set<std::string> first{};
     /// The operation ends in writing the current row, and the next leave of the row writes it again.
     bool writesRow = false;
+    /// A failure is nobody's business: what wasn't written is written at the next start.
+    bool failsInSilence = false;
     /// The form stays open when it has told the user that it failed.
     bool formMayStay = false;
     /// What a user does next after a crash; by default the table t.txt is opened.

@@ -110,6 +110,19 @@ TEST(BulkRewrite, PercentComesAtMultiplesOfTenWithALeadingBlank) {
     EXPECT_THAT(utf8(three.dialogs.progressTexts), ElementsAre(" 100%完了"));
 }
 
+TEST(BulkRewrite, ThePercentIsRoundedAndNotCut) {
+    BulkWorld world(11);
+    copyAll(world.zormod);
+    EXPECT_THAT(utf8(world.dialogs.progressTexts), ElementsAre(" 100%完了")) << "ten of eleven are 91 percent";
+}
+
+TEST(BulkRewrite, AStopFromBeforeStopsNothing) {
+    BulkWorld world(7);
+    world.zormod.results.answers[0] = 1.0;
+    EXPECT_EQ(dropEveryThird(world.zormod), BulkEnd::done);
+    EXPECT_EQ(recordCount(world.zormod), 5);
+}
+
 TEST(BulkRewrite, TheSameTenthIsShownOnce) {
     BulkWorld world(300);
     copyAll(world.zormod);
@@ -312,6 +325,50 @@ TEST(BulkRewrite, ATableReplacedMeanwhileIsNotOverwritten) {
                              }),
                  RuntimeFailure);
     EXPECT_EQ(world.bytesOf("t.txt"), other);
+}
+
+TEST(BulkRewrite, ATableThatWasMovedDeletedOrReplacedBeforeIsNotTakenForTheOpenOne) {
+    for (const bool isReplaced : {false, true}) {
+        for (const bool hasNewItems : {false, true}) {
+            BulkWorld world(3);
+            const std::string items = world.bytesOf("kt.txt");
+            std::filesystem::rename(world.folder.path() + "/t.txt", world.folder.path() + "/moved.txt");
+            if (isReplaced) {
+                world.writeFile("t.txt", std::string(512, 'o'));
+            }
+            const auto before = world.entries();
+            EXPECT_THROW(hasNewItems ? widenInPlace(world.zormod) : dropEveryThird(world.zormod), RuntimeFailure);
+            EXPECT_EQ(world.bytesOf("t.txt"), isReplaced ? std::string(512, 'o') : std::string());
+            EXPECT_EQ(world.bytesOf("kt.txt"), items);
+            EXPECT_EQ(world.entries(), before) << "what is gone is not made again, empty";
+        }
+    }
+}
+
+TEST(BulkRewrite, AnItemFileThatMayNotBeReplacedStopsTheSwapBeforeTheDataFileHasMoved) {
+    namespace fs = std::filesystem;
+    const std::vector<BulkEnd (*)(ZORMOD&)> rewrites = {widenFirstItem, widenInPlace};
+    for (const auto rewrite : rewrites) {
+        BulkWorld world(3);
+        closeAllFiles(world.zormod);
+        const std::string before = world.bytesOf("t.txt");
+        const std::string items = world.bytesOf("kt.txt");
+        fs::permissions(world.folder.path(), fs::perms(0777));
+        fs::permissions(world.folder.path() + "/t.txt", fs::perms(0666));
+        fs::permissions(world.folder.path() + "/kt.txt", fs::perms(0444));
+        EXPECT_TRUE(holdsForOrdinaryUser([&] {
+            openDataFile(world.zormod);
+            try {
+                rewrite(world.zormod);
+            } catch (const RuntimeFailure& failure) {
+                return failure.kind == FailureKind::file;
+            }
+            return false;
+        }));
+        EXPECT_EQ(world.bytesOf("t.txt"), before);
+        EXPECT_EQ(world.bytesOf("kt.txt"), items);
+        EXPECT_EQ(world.entries(), tableAlone);
+    }
 }
 
 TEST(BulkRewrite, ATableThatGrewOrShrankMeanwhileIsNotOverwritten) {

@@ -32,6 +32,12 @@ TEST(Cell, RightAlignmentLosesFirstBytesAndLeftLosesLast) {
     EXPECT_EQ(world.row().substr(0, 8), "23451234");
 }
 
+TEST(Cell, ACutInFrontOfARightAlignedValueMayLeaveHalfACharacter) {
+    CellWorld world({{u"L", 2}, {u"R", 5}, {u"L", 1}});
+    setScratchCell(world.zormod, u"あいう", 1);
+    EXPECT_EQ(world.row().substr(0, 8), "  \xA0\x82\xA2\x82\xA4 ");
+}
+
 TEST(Cell, ShortValuesAreFilledUpWithBlanks) {
     CellWorld world({{u"R", 4}, {u"L", 4}, {u"L", 1}});
     setScratchCell(world.zormod, u"7", 0);

@@ -272,6 +272,21 @@ TEST(ChangeRecovery, ARewriteOfTheWholeTableWorksOffTheJournalFirst) {
     EXPECT_EQ(world.entries(), tableAlone);
 }
 
+TEST(ChangeRecovery, AWholeTableThatMayOnlyBeReadOpensAndKeepsItsJournal) {
+    for (const bool isNew : {false, true}) {
+        Interrupted world(20, {5, 15});
+        const std::string table = isNew ? world.after : world.before;
+        world.writeFile("t.txt", table);
+        fs::permissions(world.folder.path() + "/t.txt", fs::perms(0444));
+        EXPECT_TRUE(holdsForOrdinaryUser([&] {
+            world.recover();
+            return true;
+        }));
+        EXPECT_EQ(world.now(), table);
+        EXPECT_EQ(world.bytesOf(journalName), world.journal) << "whether the disk has got the table can't be said";
+    }
+}
+
 TEST(ChangeRecovery, AFolderThatCannotBeWrittenDoesNotKeepAWholeTableFromOpening) {
     Interrupted world(20, {5, 15});
     fs::permissions(world.folder.path(), fs::perms(0555));

@@ -43,6 +43,23 @@ TEST(FailureRecovery, AfterAnythingElseTheTableIsAsOnTheDisk) {
     EXPECT_EQ(world.screen.shownCells, 1);
 }
 
+TEST(FailureRecovery, TheFilesAndTheProgressFormOfTheOperationAreClosed) {
+    for (const bool rowWrite : {true, false}) {
+        RecoveryWorld world;
+        for (int fileNo = 2; fileNo <= 4; ++fileNo) {
+            const Text name = Text(1, static_cast<char16_t>(u'a' + fileNo)) + u".txt";
+            world.zormod.files.byNumber[fileNo] = world.files.openRandom(world.zormod.file.programFolder + name);
+        }
+        world.dialogs.progressOpen = true;
+        putStateRight(world.zormod, {FailureKind::file, rowWrite});
+        for (int fileNo = 2; fileNo <= 4; ++fileNo) {
+            EXPECT_FALSE(world.zormod.files.byNumber[fileNo]) << fileNo;
+        }
+        EXPECT_FALSE(world.dialogs.progressOpen);
+        EXPECT_TRUE(hasTable(world.zormod));
+    }
+}
+
 TEST(FailureRecovery, AClosedTableIsOpenedAgain) {
     for (const bool rowWrite : {true, false}) {
         RecoveryWorld world;

@@ -48,6 +48,19 @@ struct ItemFileWorld : TestWorld {
     }
 };
 
+/// Notes what had come before a message.
+class NotingDialogs : public ScriptedDialogs {
+public:
+    void showMessage(const Text& text, const Text& title) override {
+        beepsBefore = world->beeper.count;
+        sleptBefore = world->clock.slept;
+        ScriptedDialogs::showMessage(text, title);
+    }
+    const TestWorld* world = nullptr;
+    int beepsBefore = 0;
+    double sleptBefore = 0;
+};
+
 const TextView example = u"100  ' 0,名簿,, 2\r\n"
                          u"1000 'ID,L\r\n"
                          u"1001 '氏名,L\r\n"
@@ -99,6 +112,21 @@ TEST(ItemFile, AnExistingFileKeepsTheCaseOfItsName) {
     writeItemFile(world.zormod, world.zormod.file.programFolder.substr(2) + u"t.txt", u"C");
     EXPECT_NE(world.bytesOf("Kt.txt").find(",new,"), std::string::npos);
     EXPECT_TRUE(world.bytesOf("kt.txt").empty());
+}
+
+TEST(ItemFile, OfTwoFilesThatDifferInCaseTheOneThatIsReadIsWritten) {
+    ItemFileWorld world;
+    ASSERT_EQ(world.read(world.encoded(example)), u"");
+    const std::string other = world.bytesOf("Kt.txt");
+    world.writeFile("kt.txt", "of somebody else");
+    world.zormod.file.tableMemo = u"new";
+    const Text name = world.zormod.file.programFolder.substr(2) + u"t.txt";
+    writeItemFile(world.zormod, name, u"C");
+    EXPECT_NE(world.bytesOf("Kt.txt").find(",new,"), std::string::npos);
+    EXPECT_EQ(world.bytesOf("kt.txt"), "of somebody else");
+    world.zormod.file.tableMemo.clear();
+    EXPECT_EQ(readItemFile(world.zormod, name, u"C"), u"");
+    EXPECT_EQ(world.zormod.file.tableMemo, u"new");
 }
 
 TEST(ItemFile, PathsPutTheLetterBeforeTheName) {
@@ -245,6 +273,17 @@ TEST(ItemFile, TheOlderFormWithoutAnApostropheIsRefused) {
     world.expectRefusal("100,a,b,1\r\nID,L\r\nname,L\r\n", u"項目ﾌｧｲﾙ読込エラー", noTableText);
 }
 
+TEST(ItemFile, ARefusalWaitsTheInhibitTimeAndBeepsBeforeItIsTold) {
+    NotingDialogs dialogs;
+    TestWorld world({.dialogs = &dialogs});
+    dialogs.world = &world;
+    dialogs.expectedMessages = 1;
+    world.zormod.speech.inhibitSeconds = 0.7;
+    EXPECT_EQ(readItemFile(world.zormod, world.zormod.file.programFolder.substr(2) + u"none.txt", u"C"), u"error");
+    EXPECT_NEAR(dialogs.sleptBefore, 0.7, 0.01);
+    EXPECT_EQ(dialogs.beepsBefore, 1);
+}
+
 TEST(ItemFile, ARefusalClosesEveryFileAndKeepsWhatWasRead) {
     ItemFileWorld world;
     world.table({{u"ID", u"L", 4}, {u"a", u"L", 4}}, {{u"1", u"x"}});
@@ -304,6 +343,16 @@ TEST(ItemFile, AFailedWriteIsTold) {
     EXPECT_EQ(utf8(world.dialogs.messages[0].title), "ディスクエラー");
     EXPECT_EQ(utf8(world.dialogs.messages[0].text), "不適切なﾌｧｲﾙを指定しました。");
     EXPECT_EQ(world.zormod.writeFlag, u"er");
+}
+
+TEST(ItemFile, AWriteThatSucceedsForgetsTheFailureBeforeIt) {
+    ItemFileWorld world;
+    ASSERT_EQ(world.read(world.encoded(example)), u"");
+    world.dialogs.expectedMessages = 1;
+    writeItemFile(world.zormod, u"\\no such folder at all\\x.txt", u"C");
+    ASSERT_EQ(world.zormod.writeFlag, u"er");
+    writeItemFile(world.zormod, world.zormod.file.programFolder.substr(2) + u"copy.txt", u"C");
+    EXPECT_EQ(world.zormod.writeFlag, u"");
 }
 
 TEST(ItemFile, StartsFollowFromWidths) {

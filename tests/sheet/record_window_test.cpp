@@ -52,6 +52,15 @@ TEST(RecordWindow, RefillPutsTheRecordInTheMiddle) {
     EXPECT_EQ(world.rowId(3), "3   ");
 }
 
+TEST(RecordWindow, HalfOfAnOddNumberOfRowsIsRoundedDown) {
+    WindowWorld world(100);
+    world.zormod.position.windowRows = 7;
+    refillWindow(world.zormod, 50);
+    EXPECT_EQ(world.zormod.position.windowFirst, 48);
+    EXPECT_EQ(world.rowId(3), "50  ");
+    EXPECT_EQ(world.rowId(7), "54  ");
+}
+
 TEST(RecordWindow, RowsPastTheEndAreBlankAfterARefill) {
     WindowWorld world(12);
     refillWindow(world.zormod, 12);
@@ -157,6 +166,15 @@ TEST(RecordWindow, ABlankRecordInsideStaysARecord) {
     commitRecord(world.zormod);
     EXPECT_EQ(recordCount(world.zormod), 3);
     EXPECT_EQ(world.bytesOf("t.txt").substr(256, 256), std::string(254, ' ') + "\r\n");
+}
+
+TEST(RecordWindow, ARecordOfSlashesInsideTheFileIsWritten) {
+    WindowWorld world(3);
+    world.stand(2);
+    storeSlot(world.zormod, currentSlot(world.zormod), world.zormod.window.slashLine);
+    commitRecord(world.zormod);
+    EXPECT_EQ(recordCount(world.zormod), 3);
+    EXPECT_EQ(world.bytesOf("t.txt").substr(256, 256), std::string(254, '/') + "\r\n");
 }
 
 TEST(RecordWindow, AnUnchangedRowIsNotWritten) {

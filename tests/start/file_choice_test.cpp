@@ -1,6 +1,7 @@
 #include "start/file_choice.h"
 
 #include "start/start_world.h"
+#include "support/folder_entries.h"
 
 #include <gmock/gmock.h>
 
@@ -110,6 +111,17 @@ TEST(FileChoice, ARefusedTableLeavesTheOldOneOpenAndTheFormUp) {
     EXPECT_FALSE(world.isThere("bad.txt"));
 }
 
+TEST(FileChoice, ARefusalReadsTheListAnew) {
+    ChoiceWorld world;
+    world.writeFile("kbad.txt", "nonsense");
+    world.choice->folders().refresh();
+    world.select("kbad.txt");
+    world.writeFile("kc.txt", "new");
+    world.dialogs.expectedMessages = 1;
+    world.choice->carryOut();
+    EXPECT_THAT(utf8(world.choice->folders().files()), Contains("kc.txt"));
+}
+
 TEST(FileChoice, ARefusalWithoutATableLeavesNone) {
     ChoiceWorld world(u"", false);
     world.writeFile("kbad.txt", "nonsense");
@@ -132,6 +144,25 @@ TEST(FileChoice, SpaceShowsTheItemsAndTheOldTableComesBack) {
     EXPECT_TRUE(world.formIsOpen());
     EXPECT_EQ(utf8(world.choice->folders().selectedName()), "kb.txt");
     EXPECT_EQ(world.beeper.count, 0);
+}
+
+TEST(FileChoice, AmongAllFilesTheFirstLetterBelongsToTheName) {
+    ChoiceWorld world;
+    world.choice->toggleAllFiles();
+    world.select("b.txt");
+    std::string shown;
+    world.forms.scripts[u"frmItemList"] = [&] { shown = utf8(world.zormod.items.itemName[1]); };
+    world.choice->dispItem();
+    EXPECT_EQ(shown, "two");
+    world.expectOpen("a.txt", u"one");
+}
+
+TEST(FileChoice, TheItemListReadsTheListOfFilesAnew) {
+    ChoiceWorld world;
+    world.select("kb.txt");
+    world.forms.scripts[u"frmItemList"] = [&] { world.writeFile("kc.txt", "new"); };
+    world.choice->dispItem();
+    EXPECT_THAT(utf8(world.choice->folders().files()), ElementsAre("ka.txt", "kb.txt", "kc.txt"));
 }
 
 TEST(FileChoice, AKeyThatComesBeforeTheItemListHasGoneBeepsAndNothingElse) {
@@ -207,6 +238,16 @@ TEST(FileChoice, DeletesDataAndItemFileWithoutAQuestionAndStaysOpen) {
     world.expectOpen("a.txt", u"one");
 }
 
+TEST(FileChoice, WhatAKilledOperationLeftBesideATableGoesWithIt) {
+    ChoiceWorld world(deleteFileWord);
+    for (const char* name : {".change-b.txt", ".swap-b.txt", ".new-b.txt", ".new-Kb.txt"}) {
+        world.writeFile(name, "half of something");
+    }
+    world.select("kb.txt");
+    world.choice->carryOut();
+    EXPECT_EQ(entriesOf(world.folder.path()), (std::set<std::string>{"a.txt", "ka.txt", "plain.txt"}));
+}
+
 TEST(FileChoice, TheOpenTableIsNeverDeleted) {
     for (const char16_t* drive : {u"C", u"c"}) {
         ChoiceWorld world(deleteFileWord);
@@ -217,6 +258,27 @@ TEST(FileChoice, TheOpenTableIsNeverDeleted) {
         world.expectMessage("作業中のﾌｧｲﾙは削除出来ません", "確認");
         EXPECT_TRUE(world.isThere("a.txt"));
         EXPECT_TRUE(world.isThere("ka.txt"));
+    }
+}
+
+TEST(FileChoice, TheOpenTableIsNotDeletedByAnotherRoadEither) {
+    ChoiceWorld world(deleteFileWord);
+    std::filesystem::create_directory_symlink(".", world.native("road"));
+    std::filesystem::create_hard_link(world.native("ka.txt"), world.native("kc.txt"));
+    world.writeFile("c.txt", "");
+    FolderBrowser& folders = world.choice->folders();
+    const Text home = folders.path();
+    for (const auto& [folder, name] : {std::pair{home + u"\\road", "ka.txt"}, {home, "kc.txt"}}) {
+        folders.start(folder);
+        ASSERT_EQ(folders.path(), folder);
+        world.select(name);
+        world.dialogs.expectedMessages = 1;
+        world.choice->carryOut();
+        world.expectMessage("作業中のﾌｧｲﾙは削除出来ません", "確認");
+        world.dialogs.messages.clear();
+        EXPECT_TRUE(world.isThere("a.txt"));
+        EXPECT_TRUE(world.isThere("ka.txt"));
+        EXPECT_TRUE(world.isThere("c.txt"));
     }
 }
 
@@ -273,7 +335,8 @@ TEST(FileChoice, ADeletionThatFailsHalfwayIsThrownAndTheListStillHoldsTheFile) {
         FileChoice choice(state.zormod);
         choice.folders().selectFile(1);
         ASSERT_EQ(utf8(choice.folders().selectedName()), "kb.txt");
-        state.files.failAt(failing, FaultyFiles::Counted::writes);
+        // Ahead of the two deletions what killed programs have left is taken away, in both folders that may hold some.
+        state.files.failAt(2 + failing, FaultyFiles::Counted::writes);
         EXPECT_THROW(choice.carryOut(), RuntimeFailure);
         EXPECT_EQ(world.isThere("b.txt"), failing == 1);
         EXPECT_TRUE(world.isThere("kb.txt"));
@@ -369,4 +432,5 @@ TEST(FileChoice, ATableInADrivesRootHasNoDoubleBackslash) {
     EXPECT_EQ(world.zormod.file.fileName, u"\\b.txt");
     EXPECT_EQ(world.zormod.file.fileDrive, u"d");
     EXPECT_TRUE(hasTable(world.zormod));
+    EXPECT_EQ(FileChoice(world.zormod).folders().path(), u"D:\\") << "the next choice starts there";
 }

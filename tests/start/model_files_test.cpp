@@ -31,6 +31,32 @@ TEST(ModelFiles, EveryModelHasItsPairAndItsSources) {
     EXPECT_THROW(modelOf(7), RuntimeFailure);
 }
 
+TEST(ModelFiles, EachIsKnownByItsCaptionAndLiesInFilesOfItsOwn) {
+    struct Expected {
+        int number;
+        std::string button, entry, caption, dataFile, itemSource, dataSource;
+    };
+    const std::vector<Expected> all = {
+        {1, "Picture1", "mnuKAKEI", "家計簿", "家計簿.txt", "km1.___", "m1.___"},
+        {2, "Picture2", "mnuad", "アドレス帖", "アドレス帖.txt", "km2.___", "m2.___"},
+        {3, "Picture3", "mnuS10", "20バイト10項目集計表", "20バイト10項目集計表.txt", "ks10.___", "s10.___"},
+        {4, "Picture4", "mnuS50", "4バイト50項目集計表", "4バイト50項目集計表.txt", "ks50.___", "s50.___"},
+        {5, "Picture5", "mnuS100", "2バイト100項目集計表", "2バイト100項目集計表.txt", "ks100.___", "s100.___"},
+        {6, "Picture6", "mnuG1", "1行40バイト原稿用紙", "1行40バイト原稿用紙.txt", "kg40.___", "g40.___"},
+        {100, "", "mnuE1", "サンプル住所録", "サンプル住所録.txt", "kサンプル住所録.___", "サンプル住所録.___"},
+        {101, "", "mnuE2", "サンプル試験結果", "サンプル試験結果.txt", "kサンプル試験結果.___", "サンプル試験結果.___"},
+    };
+    for (const Expected& expected : all) {
+        const Model& model = modelOf(expected.number);
+        EXPECT_EQ(utf8(model.button), expected.button) << expected.number;
+        EXPECT_EQ(utf8(model.entry), expected.entry);
+        EXPECT_EQ(utf8(model.caption), expected.caption);
+        EXPECT_EQ(utf8(model.dataFile), expected.dataFile);
+        EXPECT_EQ(utf8(model.itemSource), expected.itemSource);
+        EXPECT_EQ(utf8(model.dataSource), expected.dataSource);
+    }
+}
+
 TEST(ModelFiles, AMissingModelIsCopiedFromItsSourcesAndOpened) {
     ModelWorld world;
     EXPECT_EQ(openModel(world.zormod, 1), u"");
@@ -69,6 +95,17 @@ TEST(ModelFiles, ADeletedModelComesBack) {
     std::filesystem::remove(world.native("k" + world.name()));
     EXPECT_EQ(openModel(world.zormod, 1), u"");
     EXPECT_EQ(world.bytesOf(world.name()), world.bytesOf("m1.___"));
+}
+
+TEST(ModelFiles, OnlyTheItemFileTellsWhetherAModelIsThere) {
+    ModelWorld world;
+    openModel(world.zormod, 1);
+    forgetTable(world.zormod);
+    std::filesystem::remove(world.native(world.name()));
+    EXPECT_EQ(openModel(world.zormod, 1), u"");
+    ASSERT_TRUE(hasTable(world.zormod));
+    EXPECT_EQ(recordCount(world.zormod), 0) << "nothing came out of the source";
+    EXPECT_EQ(utf8(world.zormod.items.itemName[1]), "品目");
 }
 
 TEST(ModelFiles, DataWhoseItemFileIsLostIsKept) {

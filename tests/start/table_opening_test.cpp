@@ -22,6 +22,20 @@ TEST(TableOpening, OpensInPlaceOfTheOldTableAndFillsTheWindow) {
     EXPECT_NE(world.screen.title.find(u"b.txt/記録数:1"), Text::npos);
 }
 
+TEST(TableOpening, ANewTableTakesInputInAllItemsWhateverWasChosenInTheOldOne) {
+    StartWorld world;
+    world.make("a.txt");
+    world.make("b.txt");
+    world.openTable("a.txt");
+    world.zormod.input.allItemsInput = 0;
+    world.zormod.items.itemInputMark[0] = 1;
+    world.zormod.items.itemInputMark[1] = 1;
+    EXPECT_TRUE(openInsteadOfOld(world.zormod, world.pathOf(u"b.txt"), u"C"));
+    EXPECT_EQ(world.zormod.input.allItemsInput, 1);
+    EXPECT_EQ(world.zormod.items.itemInputMark[0], 0);
+    EXPECT_EQ(world.zormod.items.itemInputMark[1], 0);
+}
+
 TEST(TableOpening, ARefusedTableLeavesTheOldOneOpenAndWhole) {
     StartWorld world;
     world.make("a.txt", u"one");

@@ -5,6 +5,7 @@
 #include "support/file_size_limit.h"
 #include "support/forked_child.h"
 
+#include <filesystem>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -54,6 +55,17 @@ TEST(ClipFile, HoldsNumbersAndCellsLineByLine) {
     EXPECT_TRUE(makeClip(world.zormod));
     EXPECT_EQ(world.clip(), " 2 \r\n 7 \r\n 8 \r\n 2 \r\n 1 \r\n 2 \r\n"
                             "\"n7      \"\r\n\"   \"\r\n\"n8      \"\r\n\"   \"\r\n");
+}
+
+TEST(ClipFile, ATableThatWasReplacedBeforeIsNotCopied) {
+    RecordWorld world;
+    world.numbered(9);
+    world.writeFile("ZORCLip", "older");
+    std::filesystem::rename(world.folder.path() + "/t.txt", world.folder.path() + "/moved.txt");
+    world.writeFile("t.txt", std::string(9 * 256, 'o'));
+    world.select(1, 7, 8, 1, 2);
+    EXPECT_THROW(makeClip(world.zormod), RuntimeFailure);
+    EXPECT_EQ(world.clip(), "older");
 }
 
 TEST(ClipFile, EqualsTheBytesOfTheTableForAnyBlock) {

@@ -3,7 +3,10 @@
 #include "sheet/cell.h"
 #include "sheet/record_file.h"
 #include "sheet/record_window.h"
+#include "support/folder_entries.h"
 #include "support/forked_child.h"
+
+#include <filesystem>
 
 namespace {
 using testing::ElementsAre;
@@ -100,6 +103,19 @@ TEST(DesignAccept, WhatIsStillInTheBoxBelongsToTheDesign) {
     design.itemin = u"30";
     EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
     EXPECT_EQ(world.zormod.items.itemWidth[1], 30);
+}
+
+TEST(DesignAccept, AWrongTextStillInTheBoxIsToldAndNothingIsWritten) {
+    AcceptWorld world;
+    TableDesign& design = world.complete(u"x");
+    standOnDesignCell(design, 1, DesignColumn::align);
+    design.itemin = u"X";
+    world.expectMessage();
+    EXPECT_EQ(acceptDesign(design), DesignOutcome::toGrid);
+    EXPECT_EQ(world.message().first, "Ｌ(左詰め指定)かＲ(右詰め指定）のみを入力して下さい");
+    EXPECT_EQ(design.itemin, u"X");
+    EXPECT_FALSE(world.files.exists(world.path(u"x.txt")));
+    EXPECT_FALSE(world.files.exists(world.path(u"kx.txt")));
 }
 
 TEST(DesignAccept, AnExistingDataFileKeepsItsRecordsAndGetsTheNewDesign) {
@@ -260,6 +276,16 @@ TEST(DesignAccept, FewerItemsMoveTheCurrentOneToItem0) {
     EXPECT_EQ(utf8(trimmed(getCell(world.zormod, 1))), "鈴木");
 }
 
+TEST(DesignAccept, TheLastItemStaysTheCurrentOneWhileThereIsOneOfItsNumber) {
+    AcceptWorld world;
+    world.table(meibo, people);
+    world.zormod.position.curItem = 2;
+    TableDesign& design = world.change();
+    design.rows[1].name = u"名前";
+    EXPECT_EQ(acceptDesign(design), DesignOutcome::closed);
+    EXPECT_EQ(world.zormod.position.curItem, 2);
+}
+
 TEST(DesignAccept, AnotherNameLeavesTheOpenTableAloneAndTakesTheDesignThere) {
     AcceptWorld world;
     world.table(meibo, people);
@@ -410,13 +436,41 @@ TEST(DesignAccept, AFixedRangeEndsWithTheOldItems) {
     }
 }
 
-TEST(DesignAccept, TheOpenTableIsKnownByABareNameToo) {
+TEST(DesignAccept, ADesignNeverTakesTheFilesOfAnotherTable) {
+    // The item file of "aki.txt" would be the records of "kaki.txt", and the records of "kmeibo.txt" the item file of
+    // "meibo.txt".
+    for (const auto& [there, wanted] : {std::pair{"kaki.txt", u"aki"}, {"meibo.txt", u"kmeibo"}, {"meibo.txt", u"KMEIBO.TXT"}}) {
+        AcceptWorld world;
+        world.makeTable(there, meibo, people);
+        const std::string itemFile = std::string("k") + there;
+        const std::vector<std::string> before = {world.bytesOf(there), world.bytesOf(itemFile)};
+        TableDesign& design = world.complete(wanted);
+        world.dialogs.expectedMessages = 1;
+        EXPECT_EQ(acceptDesign(design), DesignOutcome::toFileName);
+        EXPECT_EQ(utf8(world.dialogs.messages.at(0).title), "ﾌｧｲﾙ名入力エラー");
+        EXPECT_EQ((std::vector<std::string>{world.bytesOf(there), world.bytesOf(itemFile)}), before);
+        EXPECT_EQ(entriesOf(world.folder.path()), (std::set<std::string>{there, itemFile}));
+    }
+}
+
+TEST(DesignAccept, ANameThatBeginsWithTheLetterOfItemFilesIsFreeWhereNobodyIsHarmed) {
     AcceptWorld world;
-    TableDesign& design = world.changing();
-    design.text3 = u"T";
-    design.rows[1].width = u"9";
-    designRowsChanged(design);
-    world.dialogs.answers = {Answer::cancel};
-    EXPECT_EQ(acceptDesign(design), DesignOutcome::stays);
-    EXPECT_EQ(world.dialogs.questions.size(), 1U) << "its records would be cut differently";
+    world.writeFile("aki.txt", "no table");
+    EXPECT_EQ(acceptDesign(world.complete(u"kaki")), DesignOutcome::closed);
+    EXPECT_EQ(acceptDesign(world.change()), DesignOutcome::closed) << "its own files are no one else's";
+    EXPECT_EQ(world.bytesOf("aki.txt"), "no table");
+}
+
+TEST(DesignAccept, TheOpenTableIsKnownByABareNameAndByAnotherRoadToo) {
+    for (const TextView name : {u"T", u"road\\t"}) {
+        AcceptWorld world;
+        std::filesystem::create_directory_symlink(".", world.folder.path() + "/road");
+        TableDesign& design = world.changing();
+        design.text3 = name == u"T" ? Text(name) : world.path(name);
+        design.rows[1].width = u"9";
+        designRowsChanged(design);
+        world.dialogs.answers = {Answer::cancel};
+        EXPECT_EQ(acceptDesign(design), DesignOutcome::stays);
+        EXPECT_EQ(world.dialogs.questions.size(), 1U) << "its records would be cut differently";
+    }
 }

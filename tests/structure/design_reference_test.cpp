@@ -105,6 +105,23 @@ TEST(DesignReference, TheKindOfRefusalIsInTheTitle) {
     EXPECT_EQ(world.message().second, "項目挿入不可能");
 }
 
+TEST(DesignReference, AReferenceMayHaveAsManyItemsAsATableCan) {
+    ReferenceWorld world;
+    world.change();
+    std::string names;
+    std::string widths;
+    for (int item = 0; item <= 254; ++item) {
+        names += std::to_string(1000 + item) + " 'n" + std::to_string(item) + ",L\r\n";
+        widths += std::to_string(2000 + item) + " ' 1\r\n";
+    }
+    world.writeFile("Kmost.txt", "100  ' 0,m,, 254\r\n" + names + widths);
+    EXPECT_EQ(world.read("most.txt"), u"");
+    ASSERT_EQ(world.design->rows.size(), 255U);
+    EXPECT_EQ(world.design->rows[254], (DesignRow{u"n254", u"L", u" 1"}));
+    EXPECT_EQ(utf8(referenceReading(*world.design, u"Kmost.txt")),
+              "Kmost.txt。項目数254のファイルです第1項目の、項目名はn1。です。");
+}
+
 TEST(DesignReference, TheOldFormWithoutAnApostropheIsReadByTheDesignAlone) {
     const auto oldForm = [](ReferenceWorld& world) {
         world.writeFile("Kold.txt", world.codePage.encode(u"100,,memo,1\r\n      番号,L\r\n1001 '品名 ,R\r\n"));

@@ -97,6 +97,24 @@ TEST(DesignTyping, TheArrowsMoveAndTakeAChangedTextAlong) {
     EXPECT_EQ(std::pair(world.design->row, world.design->column), std::pair(1, DesignColumn::width));
 }
 
+TEST(DesignTyping, UpAndTheArrowsToTheSidesTakeAChangedTextAlongToo) {
+    TypingWorld world;
+    resizeDesign(*world.design, 1);
+    world.stand(1, DesignColumn::name);
+    world.type(u"up", plainKey(Key::up));
+    EXPECT_EQ(world.design->row, 0);
+    EXPECT_EQ(world.design->rows[1].name, u"up");
+    world.stand(1, DesignColumn::name);
+    world.type(u"right", plainKey(Key::right));
+    EXPECT_EQ(world.design->column, DesignColumn::align);
+    EXPECT_EQ(world.design->rows[1].name, u"right");
+    world.stand(1, DesignColumn::name);
+    world.design->itemin = u"left";
+    EXPECT_EQ(itemInKeyDown(*world.design, plainKey(Key::left), {u"left", 0, 0, 0}), KeyOutcome::taken);
+    EXPECT_EQ(std::pair(world.design->row, world.design->column), std::pair(0, DesignColumn::width));
+    EXPECT_EQ(world.design->rows[1].name, u"left");
+}
+
 TEST(DesignTyping, AWrongTextHoldsTheArrows) {
     TypingWorld world;
     resizeDesign(*world.design, 1);
@@ -105,6 +123,21 @@ TEST(DesignTyping, AWrongTextHoldsTheArrows) {
     world.type(u"X", plainKey(Key::down));
     EXPECT_EQ(world.design->row, 0);
     EXPECT_EQ(world.design->itemin, u"X");
+}
+
+TEST(DesignTyping, AWrongTextHoldsUpAndTheArrowsToTheSidesToo) {
+    for (const Key key : {Key::up, Key::left, Key::right}) {
+        TypingWorld world;
+        resizeDesign(*world.design, 1);
+        world.stand(1, DesignColumn::align);
+        world.design->itemin = u"X";
+        const int caret = key == Key::left ? 0 : 1;
+        world.expectMessage();
+        itemInKeyDown(*world.design, plainKey(key), {u"X", caret, caret, 0});
+        EXPECT_EQ(world.message().first, "Ｌ(左詰め指定)かＲ(右詰め指定）のみを入力して下さい");
+        EXPECT_EQ(std::pair(world.design->row, world.design->column), std::pair(1, DesignColumn::align));
+        EXPECT_EQ(world.design->itemin, u"X");
+    }
 }
 
 TEST(DesignTyping, TheEdgesOfTheGridBeep) {
@@ -178,6 +211,14 @@ TEST(DesignTyping, ShiftDownInTheLastRowCopiesIt) {
     EXPECT_EQ(std::pair(world.design->row, world.design->column), std::pair(2, DesignColumn::width));
 }
 
+TEST(DesignTyping, ShiftDownAboveTheLastRowOnlyMovesDown) {
+    TypingWorld world;
+    fill(*world.design, {{u"ID", u"L", u"3"}, {u"点", u"R", u"4"}});
+    world.key(shiftKey(Key::down));
+    EXPECT_EQ(world.design->row, 1);
+    EXPECT_THAT(world.design->rows, ElementsAre(DesignRow{u"ID", u"L", u"3"}, DesignRow{u"点", u"R", u"4"}));
+}
+
 TEST(DesignTyping, ShiftControlInsertInsertsAnItemAtTheRow) {
     TypingWorld world;
     fill(*world.design, {{u"ID", u"L", u"3"}, {u"点", u"R", u"4"}});
@@ -188,6 +229,26 @@ TEST(DesignTyping, ShiftControlInsertInsertsAnItemAtTheRow) {
     EXPECT_THAT(world.takeSpoken(),
                 ElementsAre("1項目に項目が挿入されました。項目名などを設定してください。"));
     EXPECT_EQ(std::pair(world.design->row, world.design->column), std::pair(1, DesignColumn::name));
+}
+
+TEST(DesignTyping, AnInsertionKeepsWhatIsTypedInItsOwnItem) {
+    TypingWorld world;
+    fill(*world.design, {{u"ID", u"L", u"3"}, {u"点", u"R", u"4"}});
+    world.stand(1, DesignColumn::name);
+    world.type(u"得点", ctrlShiftKey(Key::insert));
+    EXPECT_THAT(world.design->rows,
+                ElementsAre(DesignRow{u"ID", u"L", u"3"}, DesignRow{}, DesignRow{u"得点", u"R", u"4"}));
+}
+
+TEST(DesignTyping, AWrongTextHoldsAnInsertion) {
+    TypingWorld world;
+    fill(*world.design, {{u"ID", u"L", u"3"}, {u"点", u"R", u"4"}});
+    world.stand(1, DesignColumn::align);
+    world.expectMessage();
+    world.type(u"X", ctrlShiftKey(Key::insert));
+    EXPECT_EQ(world.message().first, "Ｌ(左詰め指定)かＲ(右詰め指定）のみを入力して下さい");
+    EXPECT_EQ(world.design->rows.size(), 2U);
+    EXPECT_EQ(world.design->itemin, u"X");
 }
 
 TEST(DesignTyping, ShiftControlDeleteTakesTheItemOutAndTheRestMovesUp) {

@@ -7,6 +7,7 @@
 #include "edit/range_state.h"
 #include "structure/pointer_world.h"
 
+#include <functional>
 
 namespace {
 
@@ -89,6 +90,25 @@ TEST(PointerChoice, ARangeOfItemsTakesWhatIsTypedWithIt) {
     EXPECT_EQ(utf8(world.edit.txtinputbox.text()), "");
 }
 
+TEST(PointerChoice, EveryOtherBeginningTakesWhatIsTypedWithItToo) {
+    const std::vector<std::pair<std::int16_t, std::function<void(PointerWorld&)>>> beginnings = {
+        {2, [](PointerWorld& world) { world.key(plainKey(Key::down)); }},
+        {1, [](PointerWorld& world) { world.key(plainKey(Key::right)); }},
+        {3, [](PointerWorld& world) { world.run(u"mnuMITEM"); }},
+        {2, [](PointerWorld& world) { world.run(u"mnuMREC"); }},
+        {1, [](PointerWorld& world) { world.run(u"mnuCOPY"); }},
+    };
+    for (const auto& [kind, start] : beginnings) {
+        PointerWorld world;
+        world.edit.txtinputbox.set(u"zz");
+        world.select(kind, 2, 3, 1, 2);
+        start(world);
+        EXPECT_TRUE(world.isOpen());
+        EXPECT_EQ(world.row(1).substr(0, 4), "zz  ");
+        EXPECT_EQ(utf8(world.edit.txtinputbox.text()), "");
+    }
+}
+
 TEST(PointerChoice, DownOnRecordsPointsTwoRecordsBehindThem) {
     PointerWorld world;
     world.selectRecords(2, 3);
@@ -158,6 +178,21 @@ TEST(PointerChoice, AnArrowOnABlockBeginsACopyAtItsFirstCell) {
     EXPECT_EQ(world.line(), "ﾃﾞｰﾀｺﾋﾟｰ：行/列:2・1を2・1にｺﾋﾟ-");
     EXPECT_EQ(world.mask(MaskKind::block), (Mask{2, 3, 1, 4}));
     EXPECT_EQ(world.mask(MaskKind::target), (Mask{2, 3, 1, 4}));
+}
+
+TEST(PointerChoice, ACopyBeginsAtTheFirstRecordOfItsBlockHoweverFarThatIs) {
+    PointerWorld world;
+    std::vector<std::vector<std::u16string_view>> rows(60, {u"x", u"a", u"b"});
+    rows[0] = {u"first", u"a", u"b"};
+    world.table({{u"ID", u"L", 6}, {u"甲", u"L", 3}, {u"乙", u"L", 3}}, rows);
+    world.show();
+    world.zormod.position.curRecord = 50;
+    refillWindow(world.zormod, 50);
+    world.selectBlock(1, 50, 1, 2);
+    world.key(plainKey(Key::down));
+    EXPECT_EQ(world.place(), Place(1, 1));
+    EXPECT_EQ(world.zormod.window.recordWindow[currentSlot(world.zormod)].substr(0, 5), "first");
+    EXPECT_EQ(world.mask(MaskKind::target), (Mask{1, 50, 1, 2}));
 }
 
 TEST(PointerChoice, CtrlArrowOnABlockBeginsAMove) {

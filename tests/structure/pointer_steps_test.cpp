@@ -203,6 +203,35 @@ TEST(PointerChoice, DigitsAndJumpKeysAskForItemsAndRecords) {
     }
 }
 
+TEST(PointerChoice, EveryDigitOfBothBlocksAsks) {
+    PointerWorld world;
+    world.selectItems(1, 2);
+    world.key(plainKey(Key::right));
+    for (const Key zero : {Key::digit0, Key::keypad0}) {
+        for (int digit = 0; digit <= 9; ++digit) {
+            world.dialogs.questions.clear();
+            world.ask(plainKey(static_cast<Key>(static_cast<int>(zero) + digit)), u"5");
+            EXPECT_EQ(world.dialogs.questions.size(), 1U) << digit;
+        }
+    }
+}
+
+TEST(PointerChoice, InACopyTheJumpsMoveTheTargetToo) {
+    PointerWorld world;
+    world.selectBlock(2, 3, 1, 2);
+    world.key(plainKey(Key::right));
+    world.ask(ctrlKey(Key::j), u"5");
+    EXPECT_EQ(world.place(), Place(5, 1));
+    EXPECT_EQ(world.line(), "ﾃﾞｰﾀｺﾋﾟｰ：行/列:2・1を5・1にｺﾋﾟｰ");
+    EXPECT_EQ(world.mask(MaskKind::target), (Mask{5, 6, 1, 2}));
+    world.ask(ctrlKey(Key::h), u"+2");
+    EXPECT_EQ(world.place(), Place(5, 3));
+    EXPECT_EQ(world.line(), "ﾃﾞｰﾀｺﾋﾟｰ：行/列:2・1を5・3にｺﾋﾟｰ");
+    EXPECT_EQ(world.mask(MaskKind::target), (Mask{5, 6, 3, 4}));
+    EXPECT_EQ(world.mask(MaskKind::block), (Mask{2, 3, 1, 2}));
+    EXPECT_EQ(world.task(), "copy");
+}
+
 TEST(PointerChoice, AJumpKeepsTheTaskRewritesTheLineAndRepaints) {
     PointerWorld world;
     world.selectRecords(2, 3);

@@ -61,16 +61,20 @@ bool failsAt(FaultyCopy& copy, int n, Lasting lasting, const std::function<void(
     return met;
 }
 
+bool endsKilled(ForkedChild& child) {
+    const int status = child.end();
+    const bool died = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    EXPECT_TRUE(died || status == 0) << "ended in another way: " << status;
+    return died;
+}
+
 bool diesAt(FaultyCopy& copy, int n, const std::function<void()>& work) {
     ForkedChild child([&](const ChildSide&) {
         copy.files.failAt(n, Counted::calls, Lasting::once, FaultyFiles::Kind::kill);
         work();
         return true;
     });
-    const int status = child.end();
-    const bool died = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-    EXPECT_TRUE(died || status == 0) << "call " << n << " ended the work in another way";
-    return died;
+    return endsKilled(child);
 }
 
 int faultsMet(const std::function<bool(int)>& meetsFault) {

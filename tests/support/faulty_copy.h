@@ -4,6 +4,7 @@
 
 #include "sheet/zormod.h"
 #include "support/faulty_files.h"
+#include "support/forked_child.h"
 #include "support/test_world.h"
 
 #include <functional>
@@ -39,6 +40,9 @@ private:
 /// Runs `work` with a fault at the `n`th call, as the guard round the handlers does; afterwards the files hold again.
 /// False if there is no `n`th call any more.
 bool failsAt(FaultyCopy& copy, int n, FaultyFiles::Lasting lasting, const std::function<void()>& work);
+
+/// Waits for the end of `child`. True if it was killed; it must have come to its end otherwise.
+bool endsKilled(ForkedChild& child);
 
 /// Runs `work` in a process of its own that is killed at the `n`th call. False if there is no `n`th call any more: the
 /// work is done then.

@@ -69,6 +69,10 @@ public:
         }
         real_->writeDurably(offset, bytes);
     }
+    bool isInPlace() override {
+        state_->pass(Counted::calls);
+        return real_->isInPlace();
+    }
 
 protected:
     Base& real() { return *real_; }
@@ -120,6 +124,11 @@ bool FaultyFiles::exists(const Text& path) {
     return real_.exists(path);
 }
 
+bool FaultyFiles::isSameFile(const Text& one, const Text& other) {
+    state_->pass(Counted::calls);
+    return real_.isSameFile(one, other);
+}
+
 std::unique_ptr<RandomFile> FaultyFiles::openRandom(const Text& path) {
     state_->pass(real_.exists(path) ? Counted::calls : Counted::writes);
     return std::make_unique<FaultyOpenFile<RandomFile>>(real_.openRandom(path), state_);
@@ -138,6 +147,11 @@ Bytes FaultyFiles::readWhole(const Text& path, std::size_t limit) {
 void FaultyFiles::replaceWhole(const Text& path, BytesView contents) {
     state_->pass(Counted::writes);
     real_.replaceWhole(path, contents);
+}
+
+void FaultyFiles::expectReplaceable(const Text& path) {
+    state_->pass(Counted::calls);
+    real_.expectReplaceable(path);
 }
 
 void FaultyFiles::copy(const Text& from, const Text& to) {

@@ -8,9 +8,10 @@
 
 #include <memory>
 
-/// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, handOver, replaceWhole, copy,
-/// moveIntoPlace, remove, removeLeftovers and makeFolder; a call is each of these and openRandom, openBulk, exists, readWhole, lockTable,
-/// lockFolder, folderContents, length and readAt.
+/// The wrapper. A write is openRandom or openBulk of a file that doesn't exist, writeDurably, finish, handOver,
+/// replaceWhole, copy, moveIntoPlace, remove, removeLeftovers and makeFolder; a call is each of these and openRandom,
+/// openBulk, exists, isSameFile, readWhole, expectReplaceable, lockTable, lockFolder, folderContents, length, readAt and
+/// isInPlace.
 /// currentFolder, fromCommandLine and drives, which touch no file, count as nothing.
 class FaultyFiles : public Files {
 public:
@@ -40,10 +41,12 @@ public:
     Text currentFolder() override { return real_.currentFolder(); }
     Text fromCommandLine(const Text& argument) override { return real_.fromCommandLine(argument); }
     bool exists(const Text& path) override;
+    bool isSameFile(const Text& one, const Text& other) override;
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
     std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
     void replaceWhole(const Text& path, BytesView contents) override;
+    void expectReplaceable(const Text& path) override;
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text& path) override;
     std::unique_ptr<TableLock> lockFolder(const Text& path) override;

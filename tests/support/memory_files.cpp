@@ -22,6 +22,7 @@ public:
         bytes_->resize(std::max(bytes_->size(), from + bytes.size()), '\0');
         bytes_->replace(from, bytes.size(), bytes);
     }
+    bool isInPlace() override { return true; }
     void finish() override {}
     void handOver() override {}
 

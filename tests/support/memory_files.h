@@ -12,10 +12,12 @@ public:
     Text currentFolder() override { return u"C:\\"; }
     Text fromCommandLine(const Text& argument) override { return argument; }
     bool exists(const Text& path) override { return files.count(key(path)) != 0; }
+    bool isSameFile(const Text& one, const Text& other) override { return exists(one) && key(one) == key(other); }
     std::unique_ptr<RandomFile> openRandom(const Text& path) override;
     std::unique_ptr<BulkFile> openBulk(const Text& path) override;
     Bytes readWhole(const Text& path, std::size_t limit) override;
     void replaceWhole(const Text& path, BytesView contents) override;
+    void expectReplaceable(const Text&) override {}
     void copy(const Text& from, const Text& to) override;
     std::unique_ptr<TableLock> lockTable(const Text&) override { return std::make_unique<TableLock>(); }
     std::unique_ptr<TableLock> lockFolder(const Text&) override { return std::make_unique<TableLock>(); }

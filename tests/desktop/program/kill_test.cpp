@@ -180,7 +180,7 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
     std::string state = stateOf(table.world);
     pressKey(operation.start);
     constexpr Millis rest(900);
-    becomesTrue(
+    EXPECT_TRUE(becomesTrue(
         [&] {
             const Moment now = std::chrono::steady_clock::now();
             std::string next = stateOf(table.world);
@@ -191,7 +191,8 @@ Outcome outcomeOf(const Operation& operation, const Pair& old) {
             }
             return lastChange != begin && now - lastChange > rest && !isAtWork(table.world);
         },
-        std::chrono::seconds(isLongRun() ? 60 : 10));
+        std::chrono::seconds(isLongRun() ? 60 : 10)))
+        << operation.name << " does not come to rest";
     Outcome outcome{pairIn(table.world), namesIn(table.world), firstChange - begin, lastChange - begin};
     EXPECT_NE(outcome.pair, old) << operation.name << " was never done";
     return outcome;
@@ -310,4 +311,8 @@ TEST(Kill, LeavesTheOldTableOrTheNewOneWheneverItComes) {
     }
     std::cout << kills << " kills: " << tally.old << " old tables, " << tally.done << " new ones, " << tally.leftovers
               << " with something to put right\n";
+    // Kills that all came too early or too late would prove nothing.
+    EXPECT_GE(tally.leftovers, kills / 5);
+    EXPECT_GT(tally.old, 0);
+    EXPECT_GT(tally.done, 0);
 }
