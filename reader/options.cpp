@@ -18,6 +18,8 @@ std::string_view withoutBlanks(std::string_view text) {
 
 /// Sets the option of that name; returns what is wrong with it, or nothing.
 std::string set(Options& options, std::string_view name, std::string_view value) {
+    if (value.empty())
+        return "nothing is given for \"" + std::string(name) + "\"";
     if (name == "engine") {
         if (std::ranges::find(engineNames, value) == engineNames.end())
             return "no engine \"" + std::string(value) + "\" (auto, speechd, openjtalk, espeak, log)";
@@ -37,7 +39,7 @@ std::string set(Options& options, std::string_view name, std::string_view value)
     } else {
         return "no setting \"" + std::string(name) + "\"";
     }
-    return value.empty() ? "nothing is given for \"" + std::string(name) + "\"" : std::string();
+    return {};
 }
 
 /// Reads one argument after the other.

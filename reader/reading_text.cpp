@@ -192,13 +192,15 @@ Text kanaOf(const std::vector<SpokenWord>& words) {
 namespace {
 
 constexpr std::size_t mostCharacters = 120;
+/// As many as these characters can have: a text that is no UTF-8 may have bytes without end that begin none.
+constexpr std::size_t mostBytes = 4 * mostCharacters;
 
 /// Bytes of the first characters of a text: to the end of its first sentence, or to the limit.
 std::size_t pieceBytes(std::string_view utf8) {
     std::size_t characters = 0;
     for (std::size_t at = 0; at < utf8.size(); ++at) {
         const bool isFirstByte = (static_cast<std::uint8_t>(utf8[at]) & 0xC0) != 0x80;
-        if (isFirstByte && characters++ == mostCharacters)
+        if (at == mostBytes || (isFirstByte && characters++ == mostCharacters))
             return at;
         if (utf8[at] == '\n')
             return at + 1;

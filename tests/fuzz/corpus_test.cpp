@@ -1,6 +1,7 @@
 // Every fuzz target runs over its corpus, so that none of them rots between two runs of ./fuzz. A target ends the process
 // where a reader breaks its promise.
 
+#include "fuzz/recovery_targets.h"
 #include "fuzz/targets.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +21,15 @@ std::string bytesOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+/// What a target of the recovery makes of its inputs in the corpus.
+std::set<Recovered> endsOf(const std::string& target, Recovered (*recover)(BytesView bytes)) {
+    std::set<Recovered> ends;
+    for (const auto& entry : fs::directory_iterator(corpus / target)) {
+        ends.insert(recover(bytesOf(entry.path())));
+    }
+    return ends;
+}
+
 } // namespace
 
 TEST(FuzzCorpus, EachTargetKeepsItsPromisesOnItsCorpus) {
@@ -33,6 +43,12 @@ TEST(FuzzCorpus, EachTargetKeepsItsPromisesOnItsCorpus) {
         EXPECT_GE(inputs, 3) << target.name;
         target.run({});
     }
+}
+
+TEST(FuzzCorpus, LeadsToEveryEndOfARecovery) {
+    const std::set<Recovered> all = {Recovered::asFound, Recovered::finished, Recovered::setAside};
+    EXPECT_EQ(endsOf("change_journal", recoverByJournal), all);
+    EXPECT_EQ(endsOf("swap_record", recoverBySwapRecord), all);
 }
 
 TEST(FuzzCorpus, BelongsToTargetsOnly) {

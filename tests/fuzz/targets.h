@@ -1,7 +1,8 @@
 #pragma once
-// What reads bytes that the program didn't write itself, each as a function of any bytes: the readers of files, of
-// numbers and of the code page. `./fuzz` feeds them with made-up bytes, and a test with those in tests/fuzz/corpus.
-// A target ends the process if a reader breaks its promise; crashes and bad memory accesses are the sanitizers' business.
+// What reads bytes that the program didn't write itself, each as a function of any bytes: the readers of files, of file
+// names, of numbers, of the code page, and of what other programs hand over. `./fuzz` feeds them with made-up bytes, and a
+// test with those in tests/fuzz/corpus. A target ends the process if a reader breaks its promise; crashes and bad memory
+// accesses are the sanitizers' business. docs/safety.md has the list with the promises.
 
 #include "platform/text.h"
 

@@ -77,6 +77,16 @@ TEST(Options, ABadSettingIsPassedOverAndTheOthersHold) {
     EXPECT_EQ(options.voice, "/v.htsvoice");
 }
 
+TEST(Options, ASettingWithoutAValueLeavesTheOptionAsItIs) {
+    Options options;
+    const auto problems = applySettings("log = /l\nvoice = /v\nengine =\nplayer =\nlog=\nvoice = \r\n", options);
+    EXPECT_THAT(problems, ElementsAre(HasSubstr("engine"), HasSubstr("player"), HasSubstr("log"), HasSubstr("voice")));
+    EXPECT_EQ(options.engine, "auto");
+    EXPECT_EQ(options.player, "auto");
+    EXPECT_EQ(options.log, "/l");
+    EXPECT_EQ(options.voice, "/v");
+}
+
 TEST(Options, TheSettingsFileLiesInTheConfigurationFolder) {
     setenv("HOME", "/people/hanako", 1);
     unsetenv("XDG_CONFIG_HOME");

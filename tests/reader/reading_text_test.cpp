@@ -77,6 +77,14 @@ TEST(ReadingText, ThePiecesAreSentences) {
     EXPECT_EQ(piecesOf("。、 …"), std::vector<std::string>{});
 }
 
+TEST(ReadingText, BytesThatBeginNoCharacterMakeNoPieceLonger) {
+    const std::string broken = "1" + std::string(2000, '\x80') + "2";
+    std::string_view text = broken;
+    EXPECT_EQ(takePiece(text), u"1" + Text(479, u'\uFFFD'));
+    EXPECT_EQ(takePiece(text).back(), u'2');
+    EXPECT_EQ(text, "");
+}
+
 TEST(ReadingText, ALongSentenceIsCutBetweenCharacters) {
     std::string text;
     for (int i = 0; i < 300; ++i)
