@@ -37,7 +37,10 @@ int GridRows::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridRows::data(const QModelIndex& index, int role) const {
-    return role == Qt::DisplayRole ? QVariant(toQt(viewCell(zormod_, index.row() + 1, index.column()))) : QVariant();
+    // Without a current cell the toolkit's own copy key asks for the text of none.
+    return role == Qt::DisplayRole && index.isValid()
+               ? QVariant(toQt(viewCell(zormod_, index.row() + 1, index.column())))
+               : QVariant();
 }
 
 QVariant GridRows::headerData(int section, Qt::Orientation orientation, int role) const {

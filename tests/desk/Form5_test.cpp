@@ -87,6 +87,17 @@ TEST(Form5, AKeyBeforeAnyLineWasHeardBeeps) {
     EXPECT_EQ(desk.zormod.items.itemInputMark[0], 0);
 }
 
+TEST(Form5, TheCopyKeyBeforeAnyLineWasHeardCopiesNothing) {
+    ChoiceDesk desk;
+    for (const KeyStroke& copies : {ctrlKey(Key::insert), ctrlKey(Key::c)}) {
+        desk.inForm([&] {
+            desk.key(copies);
+            EXPECT_EQ(desk.title(), "記入項目の指定") << "and nothing has failed";
+            desk.key(plainKey(Key::escape));
+        });
+    }
+}
+
 TEST(Form5, AClickMarksItsLine) {
     ChoiceDesk desk;
     desk.inForm([&] {

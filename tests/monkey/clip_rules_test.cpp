@@ -34,3 +34,17 @@ TEST(ClipRules, ABackupThatIsLeftOpenDoesNotFit) {
     EXPECT_TRUE(backupFits(" 1 \r\n\"a\",\"\r\n", 3));
     EXPECT_FALSE(backupFits(" 1 \r\n\"a\"\r\n\"b", 3));
 }
+
+TEST(ClipRules, TheHeadTellsTheShape) {
+    EXPECT_EQ(shapeOf(clipOf("ab", "cd")).records, 2u);
+    EXPECT_EQ(shapeOf(clipOf("ab", "cd")).items, 1u);
+    EXPECT_EQ(shapeOf("").records, 0u);
+    EXPECT_EQ(shapeOf(" 2 \r\n 1 \r\n").records, 0u) << "cut short in its head";
+}
+
+TEST(ClipRules, ABackupHasARowALine) {
+    const PasteBackup backup = backupOf(" 4 \r\n\"ab \"\r\n\"c\"d\"\r\n\"e\r\nf\"\r\n");
+    EXPECT_EQ(backup.first, 4);
+    EXPECT_EQ(backup.rows, (std::vector<std::string>{"ab ", "c", "e\r\nf"}));
+    EXPECT_EQ(backupOf("").first, 0);
+}

@@ -1,8 +1,9 @@
 // Random keys on random tables: nothing is ever lost, whatever is pressed.
 //
-// ROMIKA_MONKEY_SEED and ROMIKA_MONKEY_STEPS choose another walk, ROMIKA_MONKEY_REPLAY walks the trace in a file again,
-// ROMIKA_LONG asks for the long walk: several ones side by side, as many as the machine has processors. What a walk finds
-// is told with the shortest list of keys that shows it.
+// The keys are shared out among several walks, from a seed and those that follow it; as many of them as the machine has
+// processors go side by side. ROMIKA_MONKEY_SEED chooses another first seed, ROMIKA_MONKEY_STEPS how many keys all
+// walks press together, ROMIKA_LONG the long run, with one walk for each processor. ROMIKA_MONKEY_REPLAY walks the
+// trace in a file again. What a walk finds is told with the shortest list of keys that shows it.
 
 #include "support/test_world.h"
 #include "tests/monkey/walk_process.h"
@@ -10,8 +11,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <future>
 #include <iterator>
 #include <thread>
@@ -20,8 +23,9 @@
 namespace {
 
 constexpr int secondsToShorten = 120;
-constexpr long shortWalk = 30000;
-constexpr long longWalk = 5000000;
+constexpr long shortRun = 30000; // keys
+constexpr long longRun = 5000000;
+constexpr long shortWalks = 4;
 
 std::string setting(const char* name, const std::string& otherwise) {
     const char* value = std::getenv(name);
@@ -35,6 +39,26 @@ bool isLongRun() {
 std::string contentsOf(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+long processors() {
+    return std::clamp<long>(std::thread::hardware_concurrency(), 1, 16);
+}
+
+/// Runs `work(0)` to `work(count - 1)`, as many at a time as there are processors.
+void sideBySide(long count, const std::function<void(long)>& work) {
+    std::atomic<long> next{0};
+    std::vector<std::future<void>> workers;
+    for (long i = 0; i < std::min(count, processors()); ++i) {
+        workers.push_back(std::async(std::launch::async, [&] {
+            for (long mine = next++; mine < count; mine = next++) {
+                work(mine);
+            }
+        }));
+    }
+    for (auto& worker : workers) {
+        worker.get();
+    }
 }
 
 void expectNothingFound(const WalkResult& result, const std::string& traceFile, const std::string& scratchFile) {
@@ -60,17 +84,38 @@ TEST(Monkey, LosesNothingByRandomKeys) {
         return;
     }
     const long firstSeed = std::stol(setting("ROMIKA_MONKEY_SEED", "1"));
-    const long steps = std::stol(setting("ROMIKA_MONKEY_STEPS", std::to_string(isLongRun() ? longWalk : shortWalk)));
-    const long walks = isLongRun() ? std::clamp(std::thread::hardware_concurrency(), 1U, 16U) : 1;
+    const long keys = std::stol(setting("ROMIKA_MONKEY_STEPS", std::to_string(isLongRun() ? longRun : shortRun)));
+    const long walks = isLongRun() ? processors() : shortWalks;
     const auto traceFile = [&](long walk) { return folder.path() + "/trace" + std::to_string(walk); };
-    std::vector<std::future<WalkResult>> results;
+    std::vector<WalkResult> results(static_cast<std::size_t>(walks));
+    sideBySide(walks, [&](long walk) {
+        const int patience = 120 + static_cast<int>(keys / walks / 50);
+        results[static_cast<std::size_t>(walk)] = walkInProcess(
+            {"--walk", std::to_string(firstSeed + walk), std::to_string(keys / walks), traceFile(walk)}, patience);
+    });
     for (long walk = 0; walk < walks; ++walk) {
-        const std::vector<std::string> arguments = {"--walk", std::to_string(firstSeed + walk),
-                                                    std::to_string(steps / walks), traceFile(walk)};
-        const int patience = 120 + static_cast<int>(steps / walks / 50);
-        results.push_back(std::async(std::launch::async, [=] { return walkInProcess(arguments, patience); }));
+        expectNothingFound(results[static_cast<std::size_t>(walk)], traceFile(walk), scratchFile);
     }
-    for (long walk = 0; walk < walks; ++walk) {
-        expectNothingFound(results[static_cast<std::size_t>(walk)].get(), traceFile(walk), scratchFile);
-    }
+}
+
+TEST(Monkey, WalksATraceAgainToTheSameFiles) {
+    constexpr std::size_t keys = 1200; // on one table, since a trace is of one
+    constexpr int patience = 300;      // seconds
+    const TemporaryFolder folder;
+    const std::string traceFile = folder.path() + "/trace";
+    const WalkResult walk = walkInProcess({"--walk", "3", std::to_string(keys), traceFile}, patience);
+    ASSERT_EQ(walk.found, "");
+    ASSERT_NE(walk.folder, "");
+    Trace trace = traceOf(contentsOf(traceFile));
+    ASSERT_EQ(trace.keys.size(), keys);
+
+    const WalkResult again = walkInProcess({"--again", traceFile}, patience);
+    EXPECT_EQ(again.found, "");
+    EXPECT_EQ(again.folder, walk.folder);
+
+    trace.keys.clear();
+    std::ofstream(traceFile, std::ios::binary) << textOf(trace);
+    const WalkResult untouched = walkInProcess({"--again", traceFile}, patience);
+    EXPECT_EQ(untouched.found, "");
+    EXPECT_NE(untouched.folder, walk.folder) << "the keys have changed no file at all";
 }

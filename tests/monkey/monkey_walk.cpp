@@ -3,12 +3,15 @@
 #include "platform/failure.h"
 #include "platform/qt/qt_text.h"
 #include "tests/monkey/clip_rules.h"
+#include "tests/monkey/folder_digest.h"
 #include "tests/monkey/key_source.h"
 #include "tests/monkey/memory_watch.h"
 #include "tests/monkey/step_rules.h"
+#include "tests/monkey/tables_at_rest.h"
 
 #include <QApplication>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -48,22 +51,29 @@ public:
     Walk(KeySource& source, FolderFiles files, bool shows = false)
         : source_(source), files_(std::move(files)), shows_(shows) {}
 
-    void run() {
+    /// Gives the digest of the folder as the walk has left it.
+    std::uint64_t run() {
+        std::uint64_t digest = 0;
         while (!isOver_) {
             MonkeyDesk desk(files_);
             desk_ = &desk;
+            TablesAtRest tablesAtRest(desk.world.folder.path(), {"t.txt", "b.txt"});
+            tablesAtRest_ = &tablesAtRest;
             desk.inEveryModal([this](QWidget& form) { stepInForm(form); });
             desk.start();
             seen_ = look(desk);
+            noteTablesAtRest();
             while (!isOver_ && desk.isRunning()) {
                 step();
             }
             if (desk.endStatus.value_or(0) != 0) {
                 tellAndEnd("fatal end");
             }
-            complain(nothingIsLeftBehind(desk));
+            complain(nothingIsLeftBehind(desk.world.folder.path()));
             files_ = desk.folderFiles();
+            digest = folderDigest(desk.world.folder.path());
         }
+        return digest;
     }
 
 private:
@@ -86,17 +96,30 @@ private:
         perform(*key);
         Seen now = look(*desk_);
         complain(tableChangedAsItMay(*desk_, seen_, now, *key));
+        const RestLeave leave = restLeaveOf(desk_->commands.ran);
+        complain(tablesAtRest_->look(leave));
         if (desk_->isRunning()) {
             checkAtRest(now, *key);
         }
         if (now.taskWord == u"chfln") {
             takeWidthsOfTheFile(now);
         }
+        const bool isOtherTable = now.table != seen_.table;
         seen_ = std::move(now);
+        if (isOtherTable || leave.deletes || leave.designs) {
+            noteTablesAtRest();
+        }
         if (seen_.records.size() > longestTable) {
             complain(pairIsWhole(desk_->world.codePage, seen_));
             isOver_ = true;
         }
+    }
+
+    void noteTablesAtRest() {
+        tablesAtRest_->note([this](const std::string& name) {
+            const Text path = desk_->zormod.file.programFolder + Text(name.begin(), name.end());
+            return !seen_.table.empty() && desk_->world.files.isSameFile(seen_.table, path);
+        });
     }
 
     void checkAtRest(const Seen& now, const MonkeyKey& key) {
@@ -107,7 +130,7 @@ private:
         complain(windowShowsTheFile(*desk_, now));
         if (++steps_ % stepsBetweenLooksAtAll == 0) {
             complain(pairIsWhole(desk_->world.codePage, now));
-            complain(nothingIsLeftBehind(*desk_));
+            complain(nothingIsLeftBehind(desk_->world.folder.path()));
         }
     }
 
@@ -127,13 +150,14 @@ private:
     }
 
     void stepInForm(QWidget& form) {
-        if (form.windowTitle() == toQt(failureTitle) && !mayFail_ && !clipMayFail()) {
+        if (form.windowTitle() == toQt(failureTitle) && !mayFail_ && !pasteMayFail()) {
             const auto& written = desk_->world.clipboard.written;
             complain("run-time failure: " + (written.empty() ? std::string() : utf8(written.back())));
         }
         if (form.objectName() != QLatin1StringView("frmDOE")) { // one that can't be stopped has nothing to press
             complain(keyboardIsHeard());
         }
+        complain(lengthFits(*desk_));
         const int keys = form.property(keyCount).toInt();
         form.setProperty(keyCount, keys + 1);
         const auto key = keys < keysInOneForm ? source_.next(desk_->situation()) : std::nullopt;
@@ -148,9 +172,14 @@ private:
         }
     }
 
-    /// A clip whose making was stopped is told as a failure when it is pasted, and so is the undoing of a paste when the
-    /// table has lost records or is another one.
-    bool clipMayFail() {
+    /// A clip whose making was stopped is told as a failure when it is pasted, and so is the undoing of a paste when
+    /// the table has lost records or is another one.
+    bool pasteMayFail() {
+        static constexpr std::array<TextView, 3> pastes = {u"mnuPAST", u"mnuIPASTE", u"mnuDEPAST"};
+        const auto& ran = desk_->commands.ran;
+        if (std::find_first_of(ran.begin(), ran.end(), pastes.begin(), pastes.end()) == ran.end()) {
+            return false;
+        }
         const FolderFiles files = desk_->folderFiles();
         const auto clip = files.find("ZORCLip");
         const auto backup = files.find("ZORCLip.bak");
@@ -172,6 +201,7 @@ private:
     KeySource& source_;
     FolderFiles files_;
     MonkeyDesk* desk_ = nullptr;
+    TablesAtRest* tablesAtRest_ = nullptr;
     Seen seen_{};
     Dice wayOut_{1};
     bool shows_;
@@ -179,6 +209,10 @@ private:
     long steps_ = 0;
     bool isOver_ = false;
 };
+
+void tellFolder(std::uint64_t digest) {
+    std::cout << "FOLDER " << digest << std::endl;
+}
 
 } // namespace
 
@@ -191,7 +225,7 @@ void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) 
         const std::uint64_t table = dice.number() >> 16;
         const int now = static_cast<int>(std::min<long>(steps - pressed, stepsOnOneTable));
         RandomSource source(dice.number(), table, now, traceFile);
-        Walk(source, folderFor(codePage, table)).run();
+        const std::uint64_t digest = Walk(source, folderFor(codePage, table)).run();
         if ((pressed + source.pressed()) / keysBetweenReports > pressed / keysBetweenReports) {
             std::cout << pressed + source.pressed() << " keys" << std::endl;
         }
@@ -199,12 +233,15 @@ void walkAtRandom(std::uint64_t seed, long steps, const std::string& traceFile) 
         if (const auto wrong = memory.look()) {
             tellAndEnd(*wrong);
         }
+        if (pressed >= steps) {
+            tellFolder(digest);
+        }
     }
 }
 
 void walkAgain(const Trace& trace, bool shows) {
     TraceSource source(trace.keys);
-    Walk(source, folderFor(CodePage(), trace.table), shows).run();
+    tellFolder(Walk(source, folderFor(CodePage(), trace.table), shows).run());
 }
 
 void tellAndEnd(const std::string& what) {

@@ -4,6 +4,8 @@
 #include "sheet/record_window.h"
 #include "tests/monkey/random_table.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 
@@ -44,7 +46,28 @@ Complaint itemsStandIn(const CodePage& codePage, const Seen& now) {
     return std::nullopt;
 }
 
+/// A table that the user has given such a name: it has a K file beside it.
+bool isTable(const std::filesystem::path& path) {
+    const std::string name = path.filename().string();
+    return std::filesystem::exists(path.parent_path() / ("K" + name)) ||
+           std::filesystem::exists(path.parent_path() / ("k" + name));
+}
+
+bool isWorkFile(std::string name) {
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return name.ends_with(".qqq");
+}
+
 } // namespace
+
+Complaint lengthFits(MonkeyDesk& desk) {
+    if (!hasTable(desk.zormod) || desk.dialogs.isProgressOpen()) {
+        return std::nullopt;
+    }
+    const std::int64_t length = desk.zormod.files.byNumber[1]->length();
+    return length % recordLength == 0 ? std::nullopt : Complaint("file length: " + std::to_string(length));
+}
 
 Complaint positionFits(const Seen& now) {
     if (now.table.empty()) {
@@ -120,11 +143,12 @@ Complaint pairIsWhole(const CodePage& codePage, const Seen& now) {
     return itemsStandIn(codePage, now);
 }
 
-Complaint nothingIsLeftBehind(MonkeyDesk& desk) {
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(desk.world.folder.path())) {
+Complaint nothingIsLeftBehind(const std::string& folder) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         const std::string name = entry.path().filename().string();
-        if (name.starts_with(".new-") || name.starts_with(".swap-") || name == ".romika-work" ||
-            name.ends_with(".QQQ") || name.ends_with(".qqq")) {
+        // The program never makes a hidden folder; the user may.
+        const bool isHidden = name.starts_with('.') && !entry.is_directory() && !isTable(entry.path());
+        if (isHidden || isWorkFile(name)) {
             return "left behind: " + name;
         }
     }

@@ -3,6 +3,8 @@
 
 #include "tests/monkey/row_rules.h"
 
+/// The data file has whole records. Of no meaning while an operation shows its progress.
+Complaint lengthFits(MonkeyDesk& desk);
 /// The data file has whole records, and the position lies in the table.
 Complaint positionFits(const Seen& now);
 /// Each row of the window but the current one shows its record as it lies in the file.
@@ -12,5 +14,5 @@ void takeWidthsOfTheFile(Seen& now);
 /// The K file says the items that the program works with, they fit into a record, and the text of each record
 /// comes back when it is written and read again.
 Complaint pairIsWhole(const CodePage& codePage, const Seen& now);
-/// The work of no operation lies about in the folder.
-Complaint nothingIsLeftBehind(MonkeyDesk& desk);
+/// The work of no operation lies about in the folder or below it: no hidden file, whatever wrote it, and no work file.
+Complaint nothingIsLeftBehind(const std::string& folder);

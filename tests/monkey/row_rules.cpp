@@ -33,8 +33,8 @@ std::string_view cellIn(const Seen& table, std::string_view row) {
                       static_cast<std::size_t>(table.itemTable.itemWidth[item]));
 }
 
-/// True if `row` comes about when another byte than the one at `edge` was put into the cell: with half a character beside
-/// it, it has become a character that has two codes, and is written in the other one.
+/// True if `row` comes about when another byte than the one at `edge` was put into the cell: with half a character
+/// beside it, it has become a character that has two codes, and is written in the other one.
 bool meetsItsNeighbour(const CodePage& codePage, const Seen& table, std::string_view old, std::string_view row,
                        std::size_t edge) {
     Bytes cell(cellIn(table, row));
@@ -53,6 +53,21 @@ bool differsInCellOnly(const CodePage& codePage, const Seen& table, std::string_
     return old == row || withCell(codePage, table, old, cell) == row ||
            meetsItsNeighbour(codePage, table, old, row, 0) ||
            meetsItsNeighbour(codePage, table, old, row, cell.size() - 1);
+}
+
+/// The row that the user was in must have become `wanted`, on the disk or, if the user is still there, in the window.
+/// What is blank behind the last record is never written.
+Complaint rowBecame(const Seen& before, const Seen& after, const Bytes& wanted, const char* what) {
+    const int record = before.position.curRecord;
+    const bool isHere = after.position.curRecord == record;
+    const std::string_view found = isHere                          ? std::string_view(after.row)
+                                   : record <= after.recordCount() ? after.record(record).substr(0, dataLength)
+                                                                   : std::string_view(wanted);
+    if (found == wanted) {
+        return std::nullopt;
+    }
+    return complaint(what, " at record ", record, ", item ", before.position.curItem, " made ", readable(found),
+                     " instead of ", readable(wanted));
 }
 
 Bytes aligned(const CodePage& codePage, const Seen& table, const Text& text) {
@@ -122,16 +137,15 @@ Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const
     const Bytes wanted = before.boxText.empty()
                              ? before.row
                              : withCell(codePage, before, before.row, aligned(codePage, before, before.boxText));
-    const int record = before.position.curRecord;
-    const bool isHere = after.position.curRecord == record;
-    const std::string_view found = isHere                          ? std::string_view(after.row)
-                                   : record <= after.recordCount() ? after.record(record).substr(0, dataLength)
-                                                                   : std::string_view(wanted);
-    if (found != wanted) {
-        return complaint("typed text: Enter at record ", record, ", item ", before.position.curItem, " made ",
-                         readable(found), " instead of ", readable(wanted));
+    return rowBecame(before, after, wanted, "typed text: Enter");
+}
+
+Complaint blankPutIn(const CodePage& codePage, const Seen& before, const Seen& after) {
+    if (before.isComposing) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    const auto width = static_cast<std::size_t>(before.itemTable.itemWidth[before.position.curItem]);
+    return rowBecame(before, after, withCell(codePage, before, before.row, Bytes(width, ' ')), "blank cell: Ctrl+D");
 }
 
 Seen withRowSaved(const CodePage& codePage, Seen before) {

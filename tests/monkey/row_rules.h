@@ -22,6 +22,9 @@ Complaint onlyTheCellWasTyped(const CodePage& codePage, const Seen& before, cons
 /// key is no such Enter.
 Complaint enterPutsTheTextIn(const CodePage& codePage, const Seen& before, const Seen& after, const MonkeyKey& key);
 
+/// What the command that blanks a cell and goes to the next must make of the row. The table is the same before and after.
+Complaint blankPutIn(const CodePage& codePage, const Seen& before, const Seen& after);
+
 /// `before` as it is once the row has come to the disk with what stands in the input box.
 Seen withRowSaved(const CodePage& codePage, Seen before);
 

@@ -23,7 +23,9 @@ Seen look(MonkeyDesk& desk) {
     seen.taskWord = zormod.taskWord;
     seen.idIsAutomatic = zormod.input.idAutoOn != 0;
     const auto* box = qobject_cast<const KeyLineEdit*>(QApplication::focusWidget());
-    seen.inInputBox = box != nullptr && box->objectName() == QLatin1StringView("txtinputbox");
+    // While a menu is open the box has the focus still, and the menu gets the keys.
+    seen.inInputBox = box != nullptr && box->objectName() == QLatin1StringView("txtinputbox") &&
+                      QApplication::activePopupWidget() == nullptr;
     seen.isComposing = box != nullptr && box->composing();
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         const bool wantsKeys = !window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);

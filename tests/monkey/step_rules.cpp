@@ -1,76 +1,23 @@
 #include "tests/monkey/step_rules.h"
 
 #include "tests/monkey/operation_rules.h"
+#include "tests/monkey/quiet_rules.h"
 #include "voice/speech_channel.h"
 
 #include <QApplication>
 
-#include <algorithm>
-#include <array>
-
 namespace {
-
-/// Commands that change no table beyond the row that the user leaves.
-constexpr std::array<TextView, 34> quietCommands = {
-    u"mnuJUMP",  u"mnuHJ",    u"mnuEXTD",         u"mnuEXTTOP",      u"mnuEXTR",     u"mnuEXTL",     u"mnuHOME",
-    u"mnuCTRLP", u"mnuCTRLU", u"mnuDTKN",         u"mnuDTKEX",       u"mnuDTKOFF",   u"mnuJY",       u"mnuINH",
-    u"mnuALT",   u"mnuCTRL",  u"mnuFKEY",         u"mnuSfunc",       u"menuGENERAL", u"mnuGUIDE",    u"mnuWRITE",
-    u"mnuSETU",  u"mnuOSETU", u"mnuCONTROLS",     u"mnuREDME",       u"mnuH",        u"mnuItemList", u"backToInputBox",
-    u"mnuEND",   u"mnuCTRLD", u"shiftCellsRight", u"shiftCellsLeft", u"mnuLIMIT",    u"Hread"};
-/// Those of them that change the current row without anything being typed.
-constexpr std::array<TextView, 3> rowCommands = {u"mnuCTRLD", u"shiftCellsRight", u"shiftCellsLeft"};
-
-template <typename List> bool isIn(const List& list, TextView name) {
-    return std::find(list.begin(), list.end(), name) != list.end();
-}
-
-bool isOperation(const MonkeyDesk& desk, TextView command) {
-    return desk.commands.isBound(command) && !isIn(quietCommands, command);
-}
-
-bool ranOperation(const MonkeyDesk& desk, const Seen& before) {
-    const auto& ran = desk.commands.ran;
-    return !before.taskWord.empty() || before.smallWindowIsUp ||
-           std::any_of(ran.begin(), ran.end(), [&](const Text& name) { return isOperation(desk, name); });
-}
-
-bool ranRowCommand(const MonkeyDesk& desk) {
-    const auto& ran = desk.commands.ran;
-    return std::any_of(ran.begin(), ran.end(), [](const Text& name) { return isIn(rowCommands, name); });
-}
-
-bool mayType(const Seen& before, const MonkeyKey& key) {
-    const bool isText = key.kind == MonkeyKey::Kind::type || key.kind == MonkeyKey::Kind::commit;
-    const bool isPaste = key.stroke == ctrlKey(Key::v) || key.stroke == shiftKey(Key::insert);
-    const bool isKeypad = key.stroke.key >= Key::keypad0 && key.stroke.key <= Key::keypad9;
-    return before.inInputBox && (isText || isPaste || isKeypad || key.stroke.ctrl == key.stroke.alt);
-}
 
 bool copies(const KeyStroke& stroke) {
     return stroke == ctrlKey(Key::c) || stroke == ctrlKey(Key::x) || stroke == ctrlKey(Key::insert) ||
            stroke == shiftKey(Key::del);
 }
 
-std::string_view withoutMemo(std::string_view items) {
-    return items.substr(std::min(items.find("\r\n"), items.size()));
-}
-
-Complaint quietKey(MonkeyDesk& desk, const Seen& before, const Seen& now, const MonkeyKey& key) {
-    const CodePage& codePage = desk.world.codePage;
-    const std::string records = before.table == now.table ? now.records : fileBytes(desk, before.table);
-    if (before.table == now.table && withoutMemo(before.items) != withoutMemo(now.items)) {
-        return "item file: changed without an operation";
-    }
-    if (ranRowCommand(desk)) {
-        return std::nullopt;
-    }
-    if (auto wrong = onlyTheRowWasSaved(codePage, before, records)) {
-        return wrong;
-    }
-    if (auto wrong = onlyTheCellWasTyped(codePage, before, now, mayType(before, key))) {
-        return wrong;
-    }
-    return enterPutsTheTextIn(codePage, before, now, key);
+/// Only the pastes need them.
+ClipFiles clipFilesFor(MonkeyDesk& desk, Effect effect) {
+    const bool pastes = effect == Effect::recordsPasted || effect == Effect::pastedOver;
+    return {.clip = pastes ? desk.world.bytesOf("ZORCLip") : std::string(),
+            .backup = effect == Effect::pasteTakenBack ? desk.world.bytesOf("ZORCLip.bak") : std::string()};
 }
 
 std::string visibleWindows() {
@@ -131,8 +78,20 @@ Complaint tableChangedAsItMay(MonkeyDesk& desk, const Seen& before, const Seen& 
     if (before.table.empty()) {
         return std::nullopt;
     }
-    if (ranOperation(desk, before)) {
-        return changedByEffect(desk.world.codePage, effectOf(before, desk.commands.ran), before, now);
+    const CodePage& codePage = desk.world.codePage;
+    const std::vector<Text>& ran = desk.commands.ran;
+    const Effect effect = effectOf(before, ran);
+    if (before.table != now.table) {
+        // How far an operation had come when its table was closed, nobody can tell.
+        return now.table.empty() && effect != Effect::none
+                   ? std::nullopt
+                   : onlyTheRowWasSaved(codePage, before, fileBytes(desk, before.table));
     }
-    return quietKey(desk, before, now, key);
+    if (auto wrong = itemFileKept(effect, before, now)) {
+        return wrong;
+    }
+    if (effect == Effect::none || effect == Effect::designed) {
+        return changedWithoutOperation(codePage, before, now, key, ran);
+    }
+    return changedByEffect(codePage, effect, before, now, clipFilesFor(desk, effect));
 }

@@ -65,7 +65,7 @@ std::string kindOf(const std::string& found) {
 WalkResult walkInProcess(const std::vector<std::string>& arguments, int patience) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
-        return {"the test: no pipe", {}};
+        return {.found = "the test: no pipe"};
     }
     const pid_t process = startAgain(arguments, ends[1]);
     close(ends[1]);
@@ -78,6 +78,7 @@ WalkResult walkInProcess(const std::vector<std::string>& arguments, int patience
     int status = 0;
     waitpid(process, &status, 0);
     result.found = lineBehind(result.output, "FOUND ");
+    result.folder = lineBehind(result.output, "FOLDER ");
     if (!ended) {
         result.found = "standstill: no end after " + std::to_string(patience) + " seconds";
     } else if (WIFSIGNALED(status)) {

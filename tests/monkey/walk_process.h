@@ -9,6 +9,7 @@
 /// How a walk's process ended.
 struct WalkResult {
     std::string found{};  ///< one line that says what was found; empty: nothing
+    std::string folder{}; ///< the digest of the files that it has left; empty if it didn't come to its end
     std::string output{}; ///< everything it printed
 };
 

@@ -22,7 +22,8 @@ public:
     }
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count_; }
     QVariant data(const QModelIndex& index, int role) const override {
-        return role == Qt::DisplayRole ? QVariant(toQt(rules_.line(index.row()))) : QVariant();
+        // Without a current line the toolkit's own copy key asks for the text of none.
+        return role == Qt::DisplayRole && index.isValid() ? QVariant(toQt(rules_.line(index.row()))) : QVariant();
     }
 
 private:
