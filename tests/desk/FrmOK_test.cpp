@@ -73,6 +73,17 @@ TEST(FrmOK, TheSheetCanBeReadInIt) {
     desk.asking([&] { desk.zormod.platform.dialogs.showMessage(u"本文", u"題"); });
 }
 
+TEST(FrmOK, ItHasNothingToCopySoThatTheUsersTextIsKept) {
+    MessageDesk desk;
+    desk.world.clipboard.foreign(u"mine");
+    desk.inNextModal([&] {
+        desk.keys.press(ctrlKey(Key::insert));
+        EXPECT_EQ(desk.zormod.speech.userClipboard, u"mine");
+        desk.keys.press(plainKey(Key::enter));
+    });
+    desk.asking([&] { desk.zormod.platform.dialogs.showMessage(u"本文", u"題"); });
+}
+
 TEST(FrmOK, WithoutATitleItTakesThatOfTheActiveForm) {
     MessageDesk desk;
     desk.inNextModal([&] {

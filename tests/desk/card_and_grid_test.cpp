@@ -45,6 +45,27 @@ TEST(CardView, AClickPicksTheItemAndDataInputGoesBack) {
     EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
+TEST(CardView, TheRowsMoveOnByElevenWhenTheCurrentItemLeavesThem) {
+    EditDesk desk;
+    desk.form.resize(1200, 1000);
+    const TestWorld::Item item{u"項目", u"L", 4};
+    desk.openTable(std::vector<TestWorld::Item>(61, item), {{u"1"}});
+    desk.zormod.display.viewMode = 1;
+    desk.form.redrawView();
+    desk.settle();
+    auto* grid = static_cast<QTableView*>(desk.partOf("frmKOJIND", "Grid1"));
+    ASSERT_GT(grid->rowAt(grid->viewport()->height() - 1), 11) << "item 11 would be seen without any move";
+    for (int i = 0; i < 10; ++i) {
+        desk.key(plainKey(Key::right));
+    }
+    EXPECT_EQ(grid->rowAt(0), 0);
+    desk.key(plainKey(Key::right));
+    EXPECT_EQ(desk.zormod.position.curItem, 11);
+    EXPECT_EQ(grid->rowAt(0), 11);
+    desk.key(plainKey(Key::left));
+    EXPECT_EQ(grid->rowAt(0), 0);
+}
+
 TEST(GridView, ShowsTheWindowWithNumbersAndNames) {
     ViewDesk desk;
     desk.press("frmSHEET", "Command3");

@@ -196,6 +196,24 @@ TEST(EditStory, EscapeWithoutSpeechEndsAtOnceAndLeavesTheSettingsAlone) {
     EXPECT_EQ(story.world.bytesOf("zorTalk"), " 2 \r\n");
 }
 
+TEST(EditStory, TheEndEntryAndTheCloseBoxLoseTheRowThatWasNotLeft) {
+    for (const bool byEntry : {true, false}) {
+        Story story(0);
+        story.key(plainKey(Key::right));
+        story.keys.type(u"z");
+        story.key(plainKey(Key::enter));
+        ASSERT_EQ(story.cell(1), "z         ");
+        if (byEntry) {
+            story.guard.run([&] { story.commands.run(u"mnuEND"); });
+        } else {
+            story.form.close();
+        }
+        EXPECT_EQ(story.endStatus, 0);
+        EXPECT_EQ(story.file(), record(yamada) + record(suzuki));
+        EXPECT_EQ(story.world.bytesOf("zorTalk"), " 0 \r\n");
+    }
+}
+
 TEST(EditStory, ARowThatCantBeWrittenIsToldOnceAndWrittenByTheNextLeave) {
     Story story(2);
     story.key(plainKey(Key::right));

@@ -112,6 +112,17 @@ TEST(FixedRange, GivesWayToANewOne) {
     desk.key(plainKey(Key::escape));
 }
 
+TEST(FixedRange, IsGivenUpByASwitchToTheCardView) {
+    FixedBlockDesk desk;
+    desk.press("frmSHEET", "Command3");
+    ASSERT_EQ(desk.zormod.display.viewMode, 1);
+    EXPECT_EQ(desk.range(), none);
+    desk.press("frmKOJIND", "Command1");
+    desk.press("frmGrid", "Command1");
+    ASSERT_EQ(desk.zormod.display.viewMode, 0);
+    EXPECT_FALSE(desk.sheet("LblMUSK")->isVisible());
+}
+
 TEST(FixedRange, OtherKeysGiveItUpAndDoNothingElse) {
     for (const KeyStroke& stroke : {plainKey(Key::insert), plainKey(Key::escape), plainKey(Key::home),
                                     plainKey(Key::pageDown), plainKey(Key::space), ctrlKey(Key::t)}) {

@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -157,6 +158,22 @@ TEST(Form1, AnItemNumberOutsideTheTableIsPutRightWhileTyping) {
     desk.keys.type(u"9");
     EXPECT_EQ(desk.world.beeper.count, 1);
     EXPECT_EQ(desk.text("txtItemnum"), "0");
+}
+
+TEST(Form1, ANumberTypedInAPositionBoxIsSaidOnceUnderTheNameOfTheBox) {
+    Form1Desk desk(2);
+    desk.key(plainKey(Key::tab));
+    desk.key(shiftKey(Key::home));
+    desk.spoken();
+    desk.keys.type(u"2");
+    EXPECT_THAT(desk.spoken(), ElementsAre("2､行番号ﾃｷｽﾄﾎﾞｯｸｽ"));
+    desk.key(plainKey(Key::tab));
+    ASSERT_EQ(desk.focus(), "txtItemnum");
+    desk.key(shiftKey(Key::home));
+    desk.spoken();
+    desk.keys.type(u"2");
+    EXPECT_THAT(desk.spoken(), ElementsAre("2､こうもく番号ﾃｷｽﾄﾎﾞｯｸｽ"));
+    EXPECT_EQ(desk.place(), std::pair(1, 0));
 }
 
 TEST(Form1, EnterInTheMemoKeepsIt) {
@@ -306,4 +323,21 @@ TEST(Form1, LaysItselfOutNoMoreOnceItStands) {
     const LayoutCount count(desk.form);
     desk.settle();
     EXPECT_EQ(count.events, 0);
+}
+
+TEST(Form1, ItsDescriptionIsTheSameOnOpeningAndOnDemand) {
+    const std::string description =
+        "ロミカのベースWindowです。データ入力テキストボックスに　データを入力して、リターンキーをたたくと、ぎ"
+        "ょう、項目番号で規定された セルに　テキストデータが うわがき　され、次の項目に、かきこみ項目が移動し"
+        "ます。また  タブ キー で　記録番号や、項目番号テキストボックスなどに　フォーカスを移動すると　現在の"
+        "記録番号や　項目番号が　読み上げられます。記録番号や項目番号を書きなおし、CRキーをたたくと。そのセル"
+        "に、かきこみセルが、移動します。";
+    {
+        EditDesk desk;
+        desk.zormod.speech.speechMode = 1;
+        desk.open(desk.form);
+        EXPECT_THAT(desk.spoken(), ElementsAre(EndsWith(description)));
+    }
+    Form1Desk desk;
+    EXPECT_THAT(desk.spokenBy(ctrlShiftKey(Key::a)), ElementsAre(EndsWith("。" + description)));
 }

@@ -223,6 +223,24 @@ TEST(frmDESIGN, AcceptingAFaultyDesignLeadsBackToTheGrid) {
     EXPECT_EQ(desk.disk("kt.txt"), items);
 }
 
+TEST(frmDESIGN, AcceptingWithoutANameLeadsBackToTheNameBox) {
+    DesignDesk desk;
+    desk.openPeople();
+    desk.makeNew([&] {
+        EXPECT_EQ(desk.focus(), "text3");
+        EXPECT_EQ(desk.messageOf(plainKey(Key::tab)), "ﾌｧｲﾙ名を入力してください");
+        for (int i = 0; i < 3; ++i) {
+            desk.key(plainKey(Key::tab));
+        }
+        EXPECT_EQ(desk.focus(), "Command1");
+        EXPECT_EQ(desk.messageOf(plainKey(Key::enter)), "ﾌｧｲﾙ名がありません。ﾌｧｲﾙ名は？");
+        EXPECT_EQ(desk.focus(), "text3");
+        EXPECT_THAT(desk.boxText(u"text3"), testing::EndsWith("\\.txt"));
+        desk.key(plainKey(Key::escape));
+    });
+    EXPECT_EQ(desk.zormod.items.itemCount, 2);
+}
+
 namespace {
 
 /// The width of 氏名 made 4, and `reply` to the question; the form is then given up if it is still there.
@@ -322,6 +340,37 @@ TEST(frmDESIGN, TheCloseBoxIsGivingUp) {
     EXPECT_EQ(desk.zormod.taskWord, u"");
 }
 
+TEST(frmDESIGN, GivingUpComplainsOfNoWrongTextInTheCellInHand) {
+    DesignDesk desk;
+    desk.openPeople();
+    desk.design([&] {
+        desk.key(plainKey(Key::right));
+        desk.keys.type(u"x");
+        EXPECT_EQ(desk.boxText(u"itemin"), "x");
+        desk.spoken();
+        desk.key(plainKey(Key::escape));
+    });
+    EXPECT_THAT(desk.spoken(), testing::Not(Contains("再入力、ＬかＲのみ記入。")));
+    EXPECT_EQ(desk.zormod.taskWord, u"");
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+}
+
+TEST(frmDESIGN, GivingUpComplainsOfNoWrongFileName) {
+    DesignDesk desk;
+    desk.openPeople();
+    desk.design([&] {
+        for (int i = 0; i < 3; ++i) {
+            desk.key(shiftKey(Key::tab));
+        }
+        EXPECT_EQ(desk.focus(), "text3");
+        desk.keys.press(plainKey(Key::end));
+        desk.keys.type(u".doc");
+        desk.key(plainKey(Key::escape));
+    });
+    EXPECT_EQ(desk.zormod.taskWord, u"");
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+}
+
 TEST(frmDESIGN, GivingUpWithoutATableAsksAndEndsTheProgram) {
     DesignDesk desk;
     desk.open(desk.form);
@@ -371,6 +420,27 @@ TEST(frmDESIGN, AReferenceFileIsFoundHeardAndTaken) {
     });
     EXPECT_EQ(desk.zormod.items.itemCount, 2);
     EXPECT_EQ(desk.cell(1), "山田      ");
+}
+
+TEST(frmDESIGN, TheButtonThatShowsTheReferenceListHidesItAgain) {
+    DesignDesk desk;
+    desk.openPeople();
+    desk.design([&] {
+        for (int i = 0; i < 3; ++i) {
+            desk.key(plainKey(Key::tab));
+        }
+        desk.key(plainKey(Key::enter));
+        EXPECT_TRUE(desk.control(u"File1")->isVisible());
+        for (int i = 0; i < 3; ++i) {
+            desk.key(shiftKey(Key::tab));
+        }
+        EXPECT_EQ(desk.focus(), "Command3");
+        EXPECT_THAT(desk.spokenBy(plainKey(Key::enter)), ElementsAre("参照ファイルリストクローズ"));
+        EXPECT_FALSE(desk.control(u"File1")->isVisible());
+        EXPECT_EQ(desk.focus(), "Command3");
+        desk.key(plainKey(Key::escape));
+    });
+    EXPECT_EQ(desk.zormod.taskWord, u"");
 }
 
 TEST(frmDESIGN, FoldersAreWalkedInTheReferenceList) {

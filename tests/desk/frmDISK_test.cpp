@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTableView>
 
 #include <gmock/gmock.h>
 
@@ -77,6 +78,40 @@ TEST(frmDISK, ArrowsSayTheFileAndEnterOpensIt) {
     EXPECT_EQ(desk.focus(), "txtinputbox");
     EXPECT_THAT(desk.title(), HasSubstr("b.txt/記録数:1"));
     EXPECT_THAT(desk.spoken(), Contains("データ入力ﾃｷｽﾄﾎﾞｯｸｽ")) << "the only sign that the table is there";
+}
+
+TEST(frmDISK, ItsButtonsGiveUpAndCarryOut) {
+    DiskDesk desk;
+    desk.runWith(u"mnuREAD", [&] {
+        desk.key(plainKey(Key::down));
+        desk.tabTo("Command3");
+        desk.key(plainKey(Key::enter));
+    });
+    EXPECT_EQ(desk.item(), "one");
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+    desk.runWith(u"mnuREAD", [&] {
+        desk.key(plainKey(Key::down));
+        desk.tabTo("Command1");
+        desk.key(plainKey(Key::enter));
+    });
+    EXPECT_EQ(desk.item(), "two");
+    EXPECT_EQ(desk.focus(), "txtinputbox");
+}
+
+TEST(frmDISK, TheTableComesUpInTheViewThatIsInForce) {
+    DiskDesk desk;
+    desk.zormod.display.viewMode = 1;
+    desk.form.redrawView();
+    desk.settle();
+    desk.runWith(u"mnuREAD", [&] {
+        desk.key(plainKey(Key::down));
+        desk.key(plainKey(Key::enter));
+    });
+    const auto* card = static_cast<QTableView*>(desk.partOf("frmKOJIND", "Grid1"));
+    EXPECT_TRUE(card->isVisible());
+    EXPECT_EQ(card->model()->index(0, 1).data().toString().toStdString(), "ID");
+    EXPECT_EQ(card->model()->index(1, 1).data().toString().toStdString(), "two");
+    EXPECT_EQ(static_cast<QLabel*>(desk.partOf("frmKOJIND", "Label1"))->text().toStdString(), "ID:1");
 }
 
 TEST(frmDISK, AMemoThatIsBeingTypedIsKeptBeforeAnotherTableIsChosen) {

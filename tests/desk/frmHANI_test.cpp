@@ -287,6 +287,20 @@ TEST(frmHANI, EachButtonActsByEnterAndByMouse) {
     EXPECT_EQ(desk.focus(), "txtinputbox");
 }
 
+TEST(frmHANI, EnterAndEscActInTheFieldsToo) {
+    for (const Key key : {Key::enter, Key::escape}) {
+        RangeDesk desk;
+        desk.key(shiftKey(Key::down));
+        desk.keysDown({plainKey(Key::tab), plainKey(Key::tab), plainKey(Key::tab)});
+        ASSERT_EQ(desk.focus(), "Text1");
+        desk.key(plainKey(key));
+        EXPECT_FALSE(desk.isDrawing());
+        EXPECT_EQ(desk.range(), key == Key::enter ? (Ends{1, 1, 1, 0, 0}) : (Ends{0, 0, 0, 0, 0}));
+        EXPECT_EQ(desk.focus(), "txtinputbox");
+        EXPECT_EQ(desk.endStatus, std::nullopt);
+    }
+}
+
 TEST(frmHANI, EscOrItsClosingGiveTheRangeUpAndTheProgramGoesOn) {
     for (const bool byKey : {true, false}) {
         RangeDesk desk;

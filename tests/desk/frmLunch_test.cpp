@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTest>
 
@@ -65,6 +66,15 @@ TEST(FrmLunch, WithSpeechOffNothingSpeaksNotEvenTheGuidance) {
     EXPECT_THAT(desk.spokenBy(plainKey(Key::tab)), IsEmpty());
     EXPECT_FALSE(desk.isTicked());
     EXPECT_EQ(desk.world.clock.slept, 0);
+}
+
+TEST(FrmLunch, ARunThatReadsTheDataAloneStartsWithTheBoxTickedAndStaysSo) {
+    LunchDesk desk(1);
+    EXPECT_TRUE(desk.isTicked());
+    EXPECT_THAT(desk.opening, ElementsAre("新規作成(Y)ｺﾏﾝﾄﾞぼたん"));
+    StartDesk::tick(desk.guidanceTimer());
+    EXPECT_THAT(desk.spoken(), ElementsAre(StartsWith("ようこそロミカ。ロミカは、")));
+    EXPECT_EQ(desk.zormod.speech.speechMode, 1);
 }
 
 TEST(FrmLunch, TabSpeaksEachControlAfterAWait) {
@@ -140,6 +150,22 @@ TEST(FrmLunch, TheKeyThatOpenedATableSaysNothingThere) {
     desk.keys.up(plainKey(Key::enter));
     EXPECT_THAT(desk.spoken(), IsEmpty());
     EXPECT_EQ(desk.zormod.position.curItem, 0);
+}
+
+TEST(FrmLunch, EnterOnEachButtonAndPictureRunsTheEntryOfItsOwn) {
+    LunchDesk desk;
+    const std::vector<std::pair<std::string, const char16_t*>> entries = {
+        {"Command1", u"mnuSINKI"}, {"Command2", u"mnuKiSON"}, {"Command3", u"mnuSYURYOU"},
+        {"Picture1", u"mnuKAKEI"}, {"Picture2", u"mnuad"},    {"Picture3", u"mnuS10"},
+        {"Picture4", u"mnuS50"},   {"Picture5", u"mnuS100"},  {"Picture6", u"mnuG1"},
+    };
+    for (const auto& [control, entry] : entries) {
+        desk.commands.bind(entry, [] {});
+        desk.tabTo(control);
+        desk.commands.ran.clear();
+        desk.key(plainKey(Key::enter));
+        EXPECT_THAT(utf8(desk.commands.ran), ElementsAre(utf8(entry))) << control;
+    }
 }
 
 TEST(FrmLunch, AMissingModelIsToldAndTheScreenStays) {
@@ -254,4 +280,21 @@ TEST(FrmLunch, ItsMenusHoldTheButtonsTheModelsTheSamplesAndTheHelp) {
     EXPECT_THAT(names, testing::UnorderedElementsAre("mnuSINKI", "mnuKiSON", "mnuSYURYOU", "mnuKAKEI", "mnuad",
                                                      "mnuS10", "mnuS50", "mnuS100", "mnuG1", "mnuE1", "mnuE2", "mnuH"));
     EXPECT_THAT(desk.commands.isBound(u"mnuKAKEI"), true);
+}
+
+TEST(FrmLunch, ModelsAndFilledSamplesStandInMenusOfTheirOwn) {
+    LunchDesk desk;
+    std::vector<std::string> shown;
+    for (const QAction* top : desk.screen->findChild<QMenuBar*>()->actions()) {
+        if (top->menu() == nullptr) {
+            continue;
+        }
+        shown.push_back(top->text().toStdString());
+        for (const QAction* entry : top->menu()->actions()) {
+            shown.push_back("  " + entry->text().toStdString());
+        }
+    }
+    EXPECT_THAT(shown, ElementsAre("モデルファイル", "  家計簿", "  アドレス帖", "  20バイト10項目集計表",
+                                   "  4バイト50項目集計表", "  2バイト100項目集計表", "  1行40バイト原稿用紙",
+                                   "記入済みファイル例", "  サンプル住所録", "  サンプル試験結果"));
 }

@@ -8,6 +8,7 @@
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::IsEmpty;
 
 namespace {
@@ -129,6 +130,41 @@ TEST(frmCMSG, YAndNAndEscAnswerAtOnce) {
     desk.asking(ask);
     EXPECT_EQ(answer, Answer::cancel);
     EXPECT_EQ(desk.zormod.results.msgAnswer, 2);
+}
+
+TEST(frmCMSG, ACapitalLetterAnswersToo) {
+    for (const auto& [key, expected] : {std::pair(Key::y, Answer::yes), std::pair(Key::n, Answer::no)}) {
+        MessageDesk desk;
+        Answer answer = Answer::ok;
+        desk.inNextModal(shiftKey(key));
+        desk.asking([&] { answer = desk.zormod.platform.dialogs.askYesNoCancel(u"", u"上書きしますか"); });
+        EXPECT_EQ(answer, expected);
+    }
+}
+
+TEST(frmCMSG, TheSheetCanBeReadInItAndAltNIsNoAnswer) {
+    MessageDesk desk;
+    desk.world.table({{u"ID", u"L", 4}, {u"氏名", u"L", 10}}, {{u"1", u"山田"}});
+    desk.zormod.position.curItem = 1;
+    Answer answer = Answer::ok;
+    desk.inNextModal([&] {
+        EXPECT_THAT(saidBy(desk, altKey(Key::n)), ElementsAre("山田      。ギョウ1 項目1氏名"));
+        EXPECT_THAT(saidBy(desk, altKey(Key::m)), ElementsAre("ギョウ1 1   山田"));
+        EXPECT_EQ(desk.title(), "はい／いいえ／ｷｬﾝｾﾙ");
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.asking([&] { answer = desk.zormod.platform.dialogs.askYesNoCancel(u"", u"消しますか"); });
+    EXPECT_EQ(answer, Answer::cancel);
+}
+
+TEST(frmCMSG, DescribesItselfInTheWordsOfItsOpening) {
+    MessageDesk desk;
+    desk.inNextModal([&] {
+        EXPECT_THAT(saidBy(desk, ctrlShiftKey(Key::a)),
+                    ElementsAre(EndsWith("消しますか。はい､はＹ、いいえ、はＮ、ｷｬﾝｾﾙ　わ　esc　を　叩きます")));
+        desk.keys.press(plainKey(Key::escape));
+    });
+    desk.asking([&] { desk.zormod.platform.dialogs.askYesNoCancel(u"", u"消しますか"); });
 }
 
 TEST(frmCMSG, ThePromptIsItsTitle) {

@@ -260,6 +260,18 @@ TEST(SheetView, AKeyOnTheSheetGoesBackToTheInputBox) {
     EXPECT_EQ(desk.place(), std::pair(1, 0));
 }
 
+TEST(SheetView, ARedrawTakesTheFocusBackToTheInputBoxUnlessATaskIsGoingOn) {
+    for (const TextView word : {u"", u"srch"}) {
+        ViewDesk desk;
+        desk.part("frmSHEET")->setFocus();
+        ASSERT_EQ(desk.focus(), "frmSHEET");
+        desk.zormod.taskWord = Text(word);
+        desk.form.redrawView();
+        desk.settle();
+        EXPECT_EQ(desk.focus(), word.empty() ? "txtinputbox" : "frmSHEET");
+    }
+}
+
 TEST(SheetView, CtrlShiftAOnTheSheetSaysTheSheetsText) {
     ViewDesk desk;
     QTest::mouseClick(desk.sheet("Picture3"), Qt::LeftButton);

@@ -97,6 +97,17 @@ TEST(IdNumbering, DownWritesOneMoreAndUpOneLess) {
     EXPECT_EQ(world.cell(0), "102  ");
 }
 
+TEST(IdNumbering, CtrlPCountsOnAsDownDoes) {
+    NumberWorld world;
+    world.stand(3, 1);
+    world.start(u"5");
+    mnuCTRLP(world.edit);
+    EXPECT_EQ(world.record(), 4);
+    EXPECT_EQ(world.id(3), "5    ");
+    EXPECT_EQ(world.cell(0), "6    ");
+    EXPECT_TRUE(world.isOn());
+}
+
 TEST(IdNumbering, GoingUpWritesTheNumberLessOneOverTheRecordAbove) {
     NumberWorld world;
     world.stand(5, 1);

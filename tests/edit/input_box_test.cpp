@@ -311,6 +311,13 @@ TEST(InputBox, ASecondEscEndsTheProgram) {
     EXPECT_EQ(endBy(world, Key::escape), EndKind::atOnce);
 }
 
+TEST(InputBox, EscInABoxOfBlanksEndsTheProgramAndCommitsNone) {
+    NumberedWorld world(2, {1, 1});
+    world.type(u"  ");
+    EXPECT_EQ(endBy(world, Key::escape), EndKind::atOnce);
+    EXPECT_EQ(world.onDisk(1), "    n1           ");
+}
+
 TEST(InputBox, EscWhoseRowCannotBeWrittenDoesNotEndTheProgram) {
     NumberedWorld world(2, {1, 1}, 2);
     world.type(u"new");

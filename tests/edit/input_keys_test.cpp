@@ -118,6 +118,24 @@ TEST(InputKeys, TheCardViewRefusesTheWidthKeys) {
     EXPECT_EQ(world.commandsRun(), Spoken());
 }
 
+TEST(InputKeys, AWidthKeyThatIsRefusedWritesNothing) {
+    NumberedWorld world(3, {2, 1});
+    commitCell(world.zormod, u"new");
+    world.zormod.display.viewMode = 1;
+    world.dialogs.expectedMessages = 2;
+    world.press(shiftKey(Key::space));
+    world.press(ctrlKey(Key::space));
+    EXPECT_EQ(world.onDisk(2), "    n2           ");
+}
+
+TEST(InputKeys, TheGridViewTakesTheWidthKeys) {
+    NumberedWorld world(3);
+    world.zormod.display.viewMode = 2;
+    world.press(shiftKey(Key::space));
+    world.press(ctrlKey(Key::space));
+    EXPECT_EQ(world.commandsRun(), (Spoken{"widenItem", "narrowItem"}));
+}
+
 TEST(InputKeys, KeysOutsideTheTableGoOn) {
     NumberedWorld world(3);
     for (const KeyStroke& stroke : {plainKey(Key::home), plainKey(Key::backspace), ctrlKey(Key::c), plainKey(Key::f3),

@@ -270,6 +270,13 @@ TEST(Jumps, PagesBeepAtTheEdgesAndStandOnThem) {
     EXPECT_EQ(world.beeper.count, 1);
 }
 
+TEST(Jumps, APageUpThatEndsOnTheFirstRecordDoesNotBeep) {
+    NumberedWorld world(100, {21, 1});
+    world.press(Key::pageUp);
+    EXPECT_EQ(world.record(), 1);
+    EXPECT_EQ(world.beeper.count, 0);
+}
+
 TEST(Jumps, APageWritesARowThatEnterHasChanged) {
     NumberedWorld world(100, {50, 1});
     world.type(u"new");

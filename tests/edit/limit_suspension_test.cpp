@@ -47,6 +47,16 @@ TEST(LimitSuspension, EndDoesTheSameWithoutABlank) {
     EXPECT_EQ(world.zormod.input.inputLimit, 4);
 }
 
+TEST(LimitSuspension, TheBlankOfTheSuspendingSpaceGoesWhenEndRestoresTheLimit) {
+    NumberedWorld world(3, {1, 1});
+    world.zormod.input.inputLimit = 4;
+    world.space();
+    ASSERT_EQ(world.typed(), " ");
+    world.press(Key::end);
+    EXPECT_EQ(world.zormod.input.inputLimit, 4);
+    EXPECT_EQ(world.typed(), "");
+}
+
 TEST(LimitSuspension, WithoutALimitSpaceIsABlank) {
     NumberedWorld world(3, {1, 1}, 1);
     world.space();

@@ -400,6 +400,16 @@ TEST(RangeDrawing, EnterPutsTheEndsInOrderAndGoesBackToTheInputBox) {
     EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
 }
 
+TEST(RangeDrawing, EnterBeforeAnArrowIsLetGoFixesWhatTheFieldsShow) {
+    DrawingWorld world;
+    world.begin(RangeKind::records, 5, 0);
+    world.drawing.keyDown(plainKey(Key::down));
+    EXPECT_EQ(world.record(), 6);
+    world.drawing.finish();
+    EXPECT_EQ(world.fields(), (Spoken{"5", "5", "0", "2"}));
+    EXPECT_EQ(world.range(), (Ends{2, 5, 5, 0, 2}));
+}
+
 TEST(RangeDrawing, EscGivesTheRangeUp) {
     DrawingWorld world;
     world.begin(RangeKind::items, 10, 2);

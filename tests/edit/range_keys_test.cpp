@@ -69,6 +69,22 @@ TEST(RangeKeys, TheCardViewRefusesARange) {
     EXPECT_EQ(world.screen.focusCalls, 1) << "who can't see hears where the message has left them";
 }
 
+TEST(RangeKeys, ARangeThatIsRefusedLeavesWhatIsTypedInTheBox) {
+    NumberedWorld card(3, {2, 1});
+    card.type(u"new");
+    card.zormod.display.viewMode = 1;
+    card.dialogs.expectedMessages = 1;
+    card.down(altKey(Key::down));
+    EXPECT_EQ(card.typed(), "new");
+    EXPECT_EQ(card.onDisk(2), "    n2           ");
+    NumberedWorld behind(3, {4, 1});
+    behind.type(u"new");
+    behind.down(shiftKey(Key::down));
+    EXPECT_EQ(behind.beeper.count, 1);
+    EXPECT_EQ(behind.typed(), "new");
+    EXPECT_EQ(behind.recordsOnDisk(), 3u);
+}
+
 TEST(RangeKeys, WithoutATableARangeBeeps) {
     EditWorld world;
     EXPECT_EQ(world.down(shiftKey(Key::down)), KeyOutcome::taken);
@@ -184,6 +200,19 @@ TEST(RangeKeys, ArrowsMoveOrCopyTheRange) {
     world.down(plainKey(Key::left));
     world.down(ctrlKey(Key::right));
     EXPECT_EQ(world.commandsRun(), (Spoken{"moveRangeItemsLeft", "moveRangeItemsRight"}));
+}
+
+TEST(RangeKeys, CtrlArrowsMoveRecordsAndItemsToo) {
+    NumberedWorld world(3);
+    fix(world, 2);
+    EXPECT_EQ(world.down(ctrlKey(Key::up)), KeyOutcome::taken);
+    EXPECT_EQ(world.down(ctrlKey(Key::down)), KeyOutcome::taken);
+    EXPECT_EQ(world.commandsRun(), (Spoken{"moveRangeRecordsUp", "moveRangeRecordsDown"}));
+    fix(world, 3);
+    EXPECT_EQ(world.down(ctrlKey(Key::left)), KeyOutcome::taken);
+    EXPECT_EQ(world.down(plainKey(Key::right)), KeyOutcome::taken);
+    EXPECT_EQ(world.commandsRun(), (Spoken{"moveRangeItemsLeft", "moveRangeItemsRight"}));
+    EXPECT_EQ(world.zormod.selection.selectionKind, 3);
 }
 
 TEST(RangeKeys, ArrowsAcrossTheKindOfTheRangeGiveItUp) {

@@ -49,6 +49,35 @@ TEST(SideBoxes, TypingInThePositionBoxesSaysTheTextPastTheThrottle) {
     EXPECT_EQ(world.record(), 1);
 }
 
+TEST(SideBoxes, TypingAnItemNumberIsNoMoveAndIsHeardWhateverWasSaidJustBefore) {
+    NumberedWorld world(12, {3, 1}, 2);
+    world.zormod.speech.lastSpokenTime = world.clock.now;
+    sideBoxKeyDown(world.edit, PanelField::txtItemnum, plainKey(Key::digit2));
+    sideBoxTyped(world.edit, PanelField::txtItemnum, u"2");
+    EXPECT_EQ(world.takeSpoken(), Spoken{"2､こうもく番号ﾃｷｽﾄﾎﾞｯｸｽ"});
+    EXPECT_EQ(world.item(), 1);
+}
+
+TEST(SideBoxes, ANumberFromAnInputMethodCountsAsTypedWithoutAKey) {
+    NumberedWorld world(12, {1, 0}, 2);
+    sideBoxTyped(world.edit, PanelField::txtREC, u"12");
+    sideBoxTyped(world.edit, PanelField::txtItemnum, u"2");
+    EXPECT_EQ(world.takeSpoken(), (Spoken{"12､行番号ﾃｷｽﾄﾎﾞｯｸｽ", "2､こうもく番号ﾃｷｽﾄﾎﾞｯｸｽ"}));
+}
+
+TEST(SideBoxes, BehindABoxThatHasBeenLeftAMoveIsReadAsACellAgain) {
+    for (const PanelField field : {PanelField::txtREC, PanelField::txtItemnum}) {
+        NumberedWorld world(12, {3, 0}, 1);
+        sideBoxKeyDown(world.edit, field, plainKey(Key::tab));
+        sideBoxLostFocus(world.edit, field);
+        const bool isRecord = field == PanelField::txtREC;
+        world.zormod.position.curRecord = isRecord ? 4 : 3;
+        world.zormod.position.curItem = isRecord ? 0 : 1;
+        showCurrentCell(world.edit);
+        EXPECT_EQ(world.takeSpoken(), Spoken{isRecord ? "ﾌﾞﾗﾝｸ ､" : "n3､"});
+    }
+}
+
 TEST(SideBoxes, TypingIsOverWhenTheFocusLeaves) {
     NumberedWorld world(12, {1, 0}, 1);
     sideBoxKeyDown(world.edit, PanelField::txtREC, plainKey(Key::tab));
@@ -76,6 +105,15 @@ TEST(SideBoxes, EnterInTheRecordBoxGoesToTheRecord) {
     EXPECT_EQ(world.screen.focus, PanelField::txtinputbox);
     EXPECT_EQ(world.typed(), "");
     EXPECT_FALSE(world.edit.typingInRecordBox);
+}
+
+TEST(SideBoxes, TheFirstAndTheLastRecordCanBeAskedFor) {
+    NumberedWorld world(50, {3, 1});
+    for (const auto& [number, record] : {std::pair(u"50", 50), std::pair(u"1", 1)}) {
+        enterNumber(world, PanelField::txtREC, number);
+        EXPECT_EQ(world.record(), record);
+        EXPECT_EQ(world.beeper.count, 0);
+    }
 }
 
 TEST(SideBoxes, TheRecordBoxStillCountsAsTypedInWhenEnterHasMovedTheRecord) {

@@ -162,6 +162,18 @@ TEST(StatusUpdate, TheFocusAfterARecordMoveKeepsQuietOnce) {
     EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
 }
 
+TEST(StatusUpdate, AMoveThatWasNotHeardDoesNotKeepTheNextFocusQuiet) {
+    NumberedWorld world(3, {1, 0}, 1);
+    world.zormod.speech.lastSpokenTime = world.clock.now;
+    world.press(Key::down);
+    EXPECT_EQ(world.record(), 2);
+    EXPECT_EQ(world.takeSpoken(), Spoken());
+    EXPECT_EQ(world.edit.readingState, ReadingState::none);
+    world.later();
+    inputBoxGotFocus(world.edit);
+    EXPECT_EQ(world.takeSpoken(), Spoken{"データ入力ﾃｷｽﾄﾎﾞｯｸｽ"});
+}
+
 TEST(StatusUpdate, AfterAnItemMoveTheStateIsNoneAgain) {
     NumberedWorld world(3, {1, 0}, 1);
     world.press(Key::right);

@@ -17,6 +17,20 @@ struct ProgressWorld : TestWorld {
     }
 };
 
+/// Writes down whether the progress form was still there when a text went out.
+class NotingClipboard : public FakeClipboard {
+public:
+    explicit NotingClipboard(const Dialogs& dialogs) : dialogs_(dialogs) {}
+    bool write(TextView text) override {
+        log.push_back(utf8(text) + (dialogs_.isProgressOpen() ? " in the form" : " behind the form"));
+        return FakeClipboard::write(text);
+    }
+    std::vector<std::string> log;
+
+private:
+    const Dialogs& dialogs_;
+};
+
 } // namespace
 
 TEST(Progress, LoadingForgetsAnOldStop) {
@@ -63,5 +77,22 @@ TEST(Progress, TheStopOfAPrintSaysNothingAndRefreshesTheSheet) {
         EXPECT_EQ(world.screen.shownCells, 1);
         EXPECT_EQ(world.zormod.selection.selectionKind, kept);
         EXPECT_EQ(world.zormod.taskWord, u"");
+    }
+}
+
+TEST(Progress, AConversionIsToldToHaveStoppedWhenTheFormHasGoneAndEveryOtherWorkBefore) {
+    for (const auto& [task, said] :
+         {std::pair(u"CVZORF", "作業中止。｡. behind the form"), std::pair(u"", "作業中止。｡. in the form"),
+          std::pair(u"killrecord", "作業中止。｡. in the form")}) {
+        TestWorld world;
+        NotingClipboard clipboard(world.dialogs);
+        ZORMOD zormod(Platform{clipboard, world.clock, world.beeper, world.files, world.codePage, world.dialogs,
+                               world.screen, world.commands, world.forms, world.eventLoop, world.printer});
+        zormod.speech.speechMode = 1;
+        zormod.taskWord = task;
+        world.dialogs.progressOpen = true;
+        stopWork(zormod);
+        EXPECT_THAT(clipboard.log, ElementsAre(said)) << utf8(task);
+        EXPECT_FALSE(world.dialogs.progressOpen);
     }
 }
