@@ -114,6 +114,10 @@ void RangeDrawing::goToAskedRecord() {
 
 void RangeDrawing::makeClip() {
     edit_.zormod.platform.commands.run(u"mnuCLIP");
+    if (edit_.zormod.selection.selectionKind == 0) {
+        // The range is given up when it has been copied: the cells stay on the clipboard, without a word on top of them.
+        edit_.readingState = ReadingState::cellSaid;
+    }
     cancel();
 }
 

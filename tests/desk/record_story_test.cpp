@@ -102,6 +102,8 @@ TEST(RecordStory, CtrlInsWhileDrawingCopiesAndCtrlOPastesOver) {
     story.key(ctrlKey(Key::insert));
     EXPECT_EQ(story.zormod.selection.selectionKind, 0);
     EXPECT_EQ(story.focus(), "txtinputbox");
+    ASSERT_FALSE(story.world.clipboard.written.empty());
+    EXPECT_THAT(utf8(story.world.clipboard.written.back()), testing::StartsWith("1   山田      ")) << "the copied cells stay there";
     EXPECT_EQ(story.world.bytesOf("ZORCLip").substr(0, 5), " 1 \r\n");
     story.key(plainKey(Key::down));
     story.key(ctrlKey(Key::o));
