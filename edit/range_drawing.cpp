@@ -21,7 +21,8 @@ constexpr TextView drawingWord = u"HTYU";
 
 /// Keys that every form answers at key down, with the very texts that this one has for their key up.
 bool hasSpokenAtKeyDown(const KeyStroke& stroke) {
-    return stroke == ctrlShiftKey(Key::a) || stroke == altKey(Key::m) || stroke == altKey(Key::n);
+    return stroke == ctrlShiftKey(Key::a) || stroke == ctrlShiftKey(Key::keypad1) || stroke == altKey(Key::m) ||
+           stroke == altKey(Key::n);
 }
 
 RangeReading readingOf(const KeyStroke& stroke) {

@@ -297,7 +297,8 @@ TEST(RangeDrawing, CtrlShiftQSaysTheDataOfTheRangeInTheOrderOfTheTable) {
 TEST(RangeDrawing, KeysThatEveryFormAnswersAtKeyDownAreSilentWhenLetGo) {
     DrawingWorld world;
     world.begin(RangeKind::block, 2, 1);
-    for (const KeyStroke& stroke : {altKey(Key::m), altKey(Key::n), ctrlShiftKey(Key::a)}) {
+    for (const KeyStroke& stroke : {altKey(Key::m), altKey(Key::n), ctrlShiftKey(Key::a),
+                                    ctrlShiftKey(Key::keypad1)}) {
         EXPECT_EQ(world.key(stroke), Spoken());
     }
 }
