@@ -9,6 +9,7 @@
 #include "platform/dialogs.h"
 #include "platform/number_text.h"
 #include "sheet/record_file.h"
+#include "sheet/record_window.h"
 #include "structure/cell_shift.h"
 #include "structure/range_questions.h"
 #include "structure/record_operations.h"
@@ -66,6 +67,7 @@ void insertRangeRecords(EditScreen& edit) {
     zormod.position.curRecord = std::min(range.selRecordFrom, range.selRecordTo);
     if (insertAndSay(edit, std::abs(range.selRecordTo - range.selRecordFrom) + 1) != BulkEnd::done) {
         zormod.position.curRecord = here;
+        refillWindow(zormod, here); // what was stopped shows the place where the records would have come
     }
     endTask(edit);
 }

@@ -263,6 +263,19 @@ TEST(RecordCommands, AStopLeavesTheRecordsAndTheUserAtRest) {
     world.expectAtRest();
 }
 
+TEST(RecordCommands, AfterAStopFarAboveTheRowsAreThoseAroundTheUserAgain) {
+    RecordCommandWorld world(60);
+    world.stand(50, 1);
+    world.selectRecords(2, 3);
+    world.eventLoop.atTurn[2] = [&] { world.zormod.results.answers[0] = 1.0; };
+    world.key(plainKey(Key::insert));
+    EXPECT_EQ(world.record(), 50);
+    EXPECT_GT(world.zormod.position.windowFirst, 50 - world.zormod.position.windowRows);
+    EXPECT_LE(world.zormod.position.windowFirst, 50);
+    EXPECT_EQ(world.cell(1), "n50       ");
+    world.expectAtRest();
+}
+
 TEST(RecordCommands, InsAndDelInAnEmptyBoxShiftTheCellsOfTheRow) {
     RecordCommandWorld world;
     world.stand(2, 0);
